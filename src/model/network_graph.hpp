@@ -1,0 +1,159 @@
+// The network and everything that lives as long as the run: the graphs, their
+// property accessors, the containers that the phases fill, and the solver objects.
+#pragma once
+
+#include <map>
+#include <memory>
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+#include <boost/graph/adjacency_list.hpp>
+#include <boost/graph/filtered_graph.hpp>
+
+#include "model/graph_properties.hpp"
+#include "solver/concert.hpp"
+
+// ---- Graph type ------------------------------------------------------------
+
+// clang-format off
+using vertex_properties =
+    boost::property<boost::vertex_name_t, std::string,
+    boost::property<vertex_second_name_t, std::string,
+    boost::property<boost::vertex_distance_t, int,
+    boost::property<boost::vertex_index_t, int,
+    boost::property<vertex_filtered_t, bool,
+    boost::property<boost::vertex_discover_time_t, unsigned long,
+    boost::property<boost::vertex_color_t, boost::default_color_type>>>>>>>;
+
+using edge_properties =
+    boost::property<boost::edge_weight_t, int,
+    boost::property<edge_confidence_t, double,
+    boost::property<edge_treshhold_t, double,
+    boost::property<edge_shortest_paths_counter_t, int,
+    boost::property<edge_in_shortest_t, bool,
+    boost::property<edge_var_t, IloNumVar,
+    boost::property<edge_constraint_t, IloConstraint,
+    boost::property<edge_flow2_t, IloNumVar,
+    boost::property<boost::edge_flow_t, IloNumVar,
+    boost::property<edge_direction_t, int,
+    boost::property<edge_hidden_t, int,
+    boost::property<edge_test_t, int,
+    boost::property<edge_orientation_round_t, int,
+    boost::property<edge_target_distances_t, int,
+    boost::property<boost::edge_index_t, int,
+    boost::property<edge_ilp_improve_t, bool>>>>>>>>>>>>>>>>;
+// clang-format on
+
+// An interaction that may be oriented either way is a pair of opposite arcs.
+using bidirected_basic_graph =
+    boost::adjacency_list<boost::listS, boost::listS, boost::bidirectionalS, vertex_properties, edge_properties,
+                          boost::no_property, boost::listS>;
+using graph_traits = boost::graph_traits<bidirected_basic_graph>;
+using vertex_descriptor = graph_traits::vertex_descriptor;
+using edge_descriptor = graph_traits::edge_descriptor;
+using vertex_iterator = graph_traits::vertex_iterator;
+using edge_iterator = graph_traits::edge_iterator;
+
+// ---- Run-wide graphs -------------------------------------------------------
+
+extern bidirected_basic_graph bi_graph;        // the network as read; loses the losing test arcs
+extern bidirected_basic_graph solution_graph;  // only ever handed to the edge writer
+extern bidirected_basic_graph comp_graph;      // bi_graph with every arc reversed
+
+// ---- Property accessors ----------------------------------------------------
+// A property travels with the handle, so an accessor serves any of the graphs.
+
+template <typename tag>
+using property_accessor = boost::property_map<bidirected_basic_graph, tag>::type;
+
+extern property_accessor<boost::vertex_distance_t> comp_distances_map;
+extern property_accessor<boost::vertex_index_t> vertex_comp_myindex_map;
+extern property_accessor<boost::vertex_name_t> names_map;
+extern property_accessor<boost::vertex_distance_t> distances_map;
+extern property_accessor<boost::edge_weight_t> weightmap;
+extern property_accessor<edge_confidence_t> parallel_confidence_map;
+extern property_accessor<boost::edge_index_t> myindex_map;
+extern property_accessor<edge_shortest_paths_counter_t> shortest_paths_counter_map;
+extern property_accessor<edge_in_shortest_t> in_shortest_map;
+extern property_accessor<edge_var_t> vars_map;
+extern property_accessor<edge_constraint_t> constraints_map;
+extern property_accessor<edge_flow2_t> flows_map;
+extern property_accessor<edge_direction_t> directions_map;  // 1 = directed, 0 = orientable
+extern property_accessor<edge_test_t> test_map;             // 1 = known direction, 3 = to be removed
+extern property_accessor<edge_hidden_t> hidden_map;         // 1 = known direction, 2 = its reverse, 0 = not hidden
+extern property_accessor<boost::vertex_index_t> vertex_myindex_map;
+
+// Keeps the arcs that are marked as lying on a shortest path.
+struct shortest_graph {
+    shortest_graph() = default;
+    explicit shortest_graph(property_accessor<edge_in_shortest_t> in_shortest) : m_in_shortest(in_shortest) {}
+    bool operator()(const edge_descriptor& arc) const { return boost::get(m_in_shortest, arc); }
+
+    property_accessor<edge_in_shortest_t> m_in_shortest;
+};
+
+using in_shortest_filtered_graph = boost::filtered_graph<bidirected_basic_graph, shortest_graph, boost::keep_all>;
+extern shortest_graph filter_in_shortest;
+extern in_shortest_filtered_graph in_shortest_filtered;  // bi_graph's marked arcs, all vertices
+
+// ---- Records and containers ------------------------------------------------
+
+inline constexpr int MAX_PROTEIN_ID = 10000;  // entries of the name table
+inline constexpr int max_name_length = 19;    // characters of a protein name
+inline constexpr int MAX_flow2 = 1;           // coefficient of an orientation variable in a capacity row
+
+struct protein_name_data {
+    vertex_descriptor protein = nullptr;
+    std::unique_ptr<char[]> name;  // max_name_length characters and the terminator; null = no entry
+};
+
+// A knockout pair that received a pair variable.
+struct pair_data {
+    IloNumVar pair_var;
+    vertex_descriptor pair_source = nullptr;
+    vertex_descriptor pair_target = nullptr;
+    int shortest_distance = 0;  // arcs on a shortest path from source to target
+    bool was_satisfie_last_round = false;
+    bool was_satisfie_at_all = false;
+    int last_distance_satisfied = 0;
+    int before_last_distance_satisfied = 0;
+    int first_distance_satisfied = 0;
+    bool stop_trying_to_satisfy = false;
+};
+
+// Orders vertices by their creation, which is the order of "names.txt": handles
+// are addresses and would order differently from run to run.
+struct created_before {
+    bool operator()(vertex_descriptor left, vertex_descriptor right) const;
+};
+
+using targets = std::vector<vertex_descriptor>;  // in file order, repetitions kept
+using source_map = std::map<vertex_descriptor, targets, created_before>;
+
+extern protein_name_data protein_names_map[MAX_PROTEIN_ID];  // sorted by name
+extern std::vector<long> keep_constraints_Ids;               // the objective, then the one-direction constraints
+extern source_map sources;
+extern std::vector<IloNumVar> rational_vars;
+extern std::vector<pair_data> pairs;
+
+extern int num_of_proteins;  // searchable entries of protein_names_map, -1 without a "names.txt"
+extern int num_of_ks;
+extern int num_of_pairs;
+extern int pdi;  // test pairs created
+
+// ---- Solver objects --------------------------------------------------------
+
+extern IloEnv env;
+extern IloNumVarArray var;
+extern IloObjective objective;
+
+// ---- Building the network --------------------------------------------------
+// All vertices and arcs of bi_graph are made and removed here, so that arcs are
+// found in constant time: list storage would scan all arcs of a hub.
+
+vertex_descriptor add_protein(const std::string& name);
+edge_descriptor add_arc(vertex_descriptor tail, vertex_descriptor head);
+// The first arc tail -> head, and whether there is one.
+std::pair<edge_descriptor, bool> find_arc(vertex_descriptor tail, vertex_descriptor head);
+void remove_arc(edge_descriptor arc);
