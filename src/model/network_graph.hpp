@@ -84,6 +84,11 @@ extern property_accessor<edge_test_t> test_map;             // 1 = known directi
 extern property_accessor<edge_hidden_t> hidden_map;         // 1 = known direction, 2 = its reverse, 0 = not hidden
 extern property_accessor<boost::vertex_index_t> vertex_myindex_map;
 
+// From a vertex of bi_graph (by its vertex_index) to its copy in comp_graph.
+using IsoMap =
+    boost::iterator_property_map<std::vector<vertex_descriptor>::iterator, property_accessor<boost::vertex_index_t>,
+                                 vertex_descriptor, vertex_descriptor&>;
+
 // Keeps the arcs that are marked as lying on a shortest path.
 struct shortest_graph {
     shortest_graph() = default;
