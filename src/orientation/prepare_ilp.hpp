@@ -1,0 +1,16 @@
+// Builds the integer program of the loaded network and its knockout pairs.
+#pragma once
+
+#include "model/network_graph.hpp"
+
+// Marks, source by source, the arcs on shortest paths to the source's targets and
+// adds their flow and pair variables and constraints to the model, the objective
+// last. Fills `pairs`, `rational_vars`, `var` and `num_of_pairs`, raises the arcs'
+// shortest-path counters, and leaves comp_graph as the reverse of bi_graph and
+// edge_in_shortest as the marks of the last source.
+//
+// isoMap names the comp_graph vertex of every bi_graph vertex; vertices and arcs
+// are numbered. With allow_one_edge_path false, a pair's direct arc is left out of
+// the distances to its target, and comp_graph gains the mirror of that arc whether
+// or not the network holds it. Always true.
+bool prepare_ilp(IloModel model, bool allow_one_edge_path, IsoMap isoMap);
