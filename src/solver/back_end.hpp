@@ -33,6 +33,9 @@ struct solve_watch {
 
 using back_end_function = solve_answer (*)(const model_record&, const solve_watch&);
 
+// The back end that the build names.
+solve_answer default_back_end(const model_record& record, const solve_watch& watch);
+
 // HiGHS on the whole record. One thread, a fixed seed.
 solve_answer solve_with_highs(const model_record& record, const solve_watch& watch);
 

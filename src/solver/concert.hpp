@@ -10,6 +10,7 @@
 #include <memory>
 #include <stdexcept>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "solver/back_end.hpp"
@@ -80,17 +81,18 @@ class IloNumVarArray {
     std::shared_ptr<std::vector<IloNumVar>> items_;
 };
 
-// A linear expression. Copies share their terms.
+// A linear expression. Copies share their terms, which live as long as the last copy.
 class IloExpr {
  public:
     IloExpr(IloEnv env, double constant = 0.0);
+    explicit IloExpr(std::shared_ptr<solver::expression_data> data) : data_(std::move(data)) {}
     IloExpr(const IloNumVar& variable);
     IloExpr& operator+=(const IloNumVar& variable);
     IloExpr& operator+=(const IloExpr& other);
-    solver::expression_data* data() const { return data_; }
+    solver::expression_data* data() const { return data_.get(); }
 
  private:
-    solver::expression_data* data_;
+    std::shared_ptr<solver::expression_data> data_;
 };
 
 IloExpr operator+(const IloExpr& left, const IloExpr& right);
@@ -118,7 +120,7 @@ class IloObjective : public IloExtractable {
 
 class IloModel {
  public:
-    explicit IloModel(IloEnv env, const char* name = nullptr);
+    explicit IloModel(IloEnv env);
     void add(const IloExtractable& item) const;
     const std::shared_ptr<solver::model_data>& data() const { return data_; }
 

@@ -1,0 +1,168 @@
+// IloCplex: a solver over one model, whichever back end stands behind it.
+#include <ostream>
+#include <unordered_map>
+
+#include "solver/environment.hpp"
+#include "solver/lp_file.hpp"
+#include "solver/solve_record.hpp"
+
+using namespace solver;
+
+namespace solver {
+
+struct session_data {
+    std::shared_ptr<model_data> model;
+    solve_settings settings;
+    std::unordered_map<const variable_data*, double> priorities;
+    back_end_function back_end = default_back_end;
+    solve_watch watch;
+    solve_answer answer;
+    column_index columns;  // of the last solve
+};
+
+}  // namespace solver
+
+namespace {
+
+IloAlgorithm::Status concert_status(solve_status status) {
+    switch (status) {
+        case solve_status::feasible:
+            return IloAlgorithm::Feasible;
+        case solve_status::optimal:
+            return IloAlgorithm::Optimal;
+        case solve_status::infeasible:
+            return IloAlgorithm::Infeasible;
+        case solve_status::unbounded:
+            return IloAlgorithm::Unbounded;
+        case solve_status::infeasible_or_unbounded:
+            return IloAlgorithm::InfeasibleOrUnbounded;
+        case solve_status::error:
+            return IloAlgorithm::Error;
+        case solve_status::unknown:
+            break;
+    }
+    return IloAlgorithm::Unknown;
+}
+
+bool has_solution(const solve_answer& answer) {
+    return answer.status == solve_status::optimal || answer.status == solve_status::feasible;
+}
+
+model_record full_record(const session_data& session, column_index& columns) {
+    model_record record = make_record(*session.model, columns);
+    record.settings = session.settings;
+    for (const auto& [variable, priority] : session.priorities) {
+        const int column = columns[variable->index];
+        if (column >= 0) {
+            record.column_priority[static_cast<std::size_t>(column)] = priority;
+        }
+    }
+    return record;
+}
+
+}  // namespace
+
+std::ostream& operator<<(std::ostream& out, IloAlgorithm::Status status) {
+    switch (status) {
+        case IloAlgorithm::Unknown:
+            return out << "Unknown";
+        case IloAlgorithm::Feasible:
+            return out << "Feasible";
+        case IloAlgorithm::Optimal:
+            return out << "Optimal";
+        case IloAlgorithm::Infeasible:
+            return out << "Infeasible";
+        case IloAlgorithm::Unbounded:
+            return out << "Unbounded";
+        case IloAlgorithm::InfeasibleOrUnbounded:
+            return out << "InfeasibleOrUnbounded";
+        case IloAlgorithm::Error:
+            return out << "Error";
+    }
+    return out << "Unknown";
+}
+
+IloCplex::IloCplex(const IloModel& model) : data_(std::make_shared<session_data>()) {
+    data_->model = model.data();
+}
+
+void IloCplex::setParam(IntParam parameter, int value) {
+    switch (parameter) {
+        case RootAlg:
+            data_->settings.root_algorithm = value;
+            return;
+        case VarSel:
+            data_->settings.variable_selection = value;
+            return;
+        case DiveType:
+            data_->settings.dive_type = value;
+            return;
+    }
+    throw IloException("unknown integer parameter " + std::to_string(static_cast<int>(parameter)));
+}
+
+void IloCplex::setParam(NumParam parameter, double value) {
+    switch (parameter) {
+        case WorkMem:
+            data_->settings.work_memory = value;
+            return;
+        case EpGap:
+            data_->settings.relative_gap = value;
+            return;
+    }
+    throw IloException("unknown numeric parameter " + std::to_string(static_cast<int>(parameter)));
+}
+
+void IloCplex::setPriority(const IloNumVar& variable, double priority) {
+    data_->priorities[variable.variable()] = priority;
+}
+
+bool IloCplex::solve() {
+    const model_record record = full_record(*data_, data_->columns);
+    data_->answer = solve_record(record, data_->back_end, data_->watch);
+    return has_solution(data_->answer);
+}
+
+IloAlgorithm::Status IloCplex::getStatus() const {
+    return concert_status(data_->answer.status);
+}
+
+double IloCplex::getObjValue() const {
+    if (!has_solution(data_->answer)) {
+        throw IloException("no solution: the objective value is asked for before a successful solve");
+    }
+    return data_->answer.objective;
+}
+
+double IloCplex::getValue(const IloNumVar& variable) const {
+    const variable_data* asked = variable.variable();
+    if (!has_solution(data_->answer)) {
+        throw IloException("no solution: a value is asked for before a successful solve");
+    }
+    if (asked->index >= data_->columns.size() || data_->columns[asked->index] < 0) {
+        const char* name = variable.getName();
+        throw IloException(std::string("not in the model: variable ") + (name == nullptr ? "without a name" : name));
+    }
+    return data_->answer.values[static_cast<std::size_t>(data_->columns[asked->index])];
+}
+
+void IloCplex::exportModel(const char* path) const {
+    write_lp_file(record(), path);
+}
+
+void IloCplex::use_back_end(back_end_function back_end) {
+    data_->back_end = back_end;
+}
+
+void IloCplex::set_watch(solve_watch watch) {
+    data_->watch = std::move(watch);
+}
+
+const std::string& IloCplex::failure_reason() const {
+    return data_->answer.reason;
+}
+
+model_record IloCplex::record() const {
+    column_index columns;
+    return full_record(*data_, columns);
+}

@@ -1,0 +1,87 @@
+#include "solver/solve_record.hpp"
+
+#include <algorithm>
+#include <cmath>
+
+namespace solver {
+namespace {
+
+std::string column_label(const model_record& record, int column) {
+    const std::string& name = record.column_names[static_cast<std::size_t>(column)];
+    return name.empty() ? "column " + std::to_string(column + 1) : name;
+}
+
+// A slack that grows with the row: each term brings its own error.
+double row_tolerance(double bound, std::size_t num_terms) {
+    return feasibility_tolerance * (std::max(1.0, std::abs(bound)) + static_cast<double>(num_terms));
+}
+
+solve_answer failed(const std::string& reason) {
+    solve_answer answer;
+    answer.status = solve_status::error;
+    answer.reason = reason;
+    return answer;
+}
+
+}  // namespace
+
+std::string check_values(const model_record& record, std::vector<double>& values, double& objective) {
+    if (values.size() != static_cast<std::size_t>(record.num_columns())) {
+        return "the answer has " + std::to_string(values.size()) + " values for " +
+               std::to_string(record.num_columns()) + " columns";
+    }
+    objective = record.objective_constant;
+    for (std::size_t c = 0; c < values.size(); ++c) {
+        double& value = values[c];
+        const double snapped = record.column_integral[c] != 0
+                                   ? std::round(value)
+                                   : std::clamp(value, record.column_lower[c], record.column_upper[c]);
+        const double tolerance = record.column_integral[c] != 0 ? integrality_tolerance : feasibility_tolerance;
+        if (!(std::abs(value - snapped) <= tolerance) || snapped < record.column_lower[c] ||
+            snapped > record.column_upper[c]) {
+            return "the value of " + column_label(record, static_cast<int>(c)) + " is out of its bounds or not whole";
+        }
+        value = snapped + 0.0;  // no minus zero
+        objective += record.column_objective[c] * value;
+    }
+    objective += 0.0;
+    for (std::size_t r = 0; r < record.row_upper.size(); ++r) {
+        double activity = 0.0;
+        for (std::size_t t = record.row_start[r]; t < record.row_start[r + 1]; ++t) {
+            activity += record.row_value[t] * values[static_cast<std::size_t>(record.row_column[t])];
+        }
+        const std::size_t num_terms = record.row_start[r + 1] - record.row_start[r];
+        if (activity > record.row_upper[r] + row_tolerance(record.row_upper[r], num_terms) ||
+            activity < record.row_lower[r] - row_tolerance(record.row_lower[r], num_terms)) {
+            return "the answer breaks row " + std::to_string(r + 1);
+        }
+    }
+    return {};
+}
+
+solve_answer solve_record(const model_record& record, back_end_function back_end, const solve_watch& watch) {
+    if (record.num_columns() == 0) {
+        solve_answer answer;
+        answer.status = solve_status::optimal;
+        answer.objective = answer.bound = record.objective_constant;
+        return answer;
+    }
+    solve_answer answer = back_end(record, watch);
+    if (answer.status != solve_status::optimal && answer.status != solve_status::feasible) {
+        return answer;
+    }
+    double objective = 0.0;
+    const std::string fault = check_values(record, answer.values, objective);
+    if (!fault.empty()) {
+        return failed(fault);
+    }
+    const double claimed = answer.objective;
+    const double shortfall = record.maximize ? claimed - objective : objective - claimed;
+    if (!(shortfall <= feasibility_tolerance * std::max(1.0, std::abs(claimed)))) {
+        return failed("the answer's objective is not the one claimed for it");
+    }
+    answer.objective = objective;
+    return answer;
+}
+
+}  // namespace solver
