@@ -88,3 +88,22 @@ void remove_arc(edge_descriptor arc) {
         first_arcs.emplace(arc_ends{tail, head}, next.first);
     }
 }
+
+void reset_run_state() {
+    for (bidirected_basic_graph* graph : {&bi_graph, &solution_graph, &comp_graph}) {
+        graph->clear();
+    }
+    creation_order.clear();
+    first_arcs.clear();
+    for (protein_name_data& entry : protein_names_map) {
+        entry = protein_name_data{};
+    }
+    keep_constraints_Ids.clear();
+    sources.clear();
+    rational_vars.clear();
+    pairs.clear();
+    num_of_proteins = num_of_ks = num_of_pairs = pdi = 0;
+    env = IloEnv();
+    var = IloNumVarArray(env, 0);
+    objective = IloObjective(env, 0.0, IloObjective::Maximize);
+}

@@ -162,3 +162,7 @@ edge_descriptor add_arc(vertex_descriptor tail, vertex_descriptor head);
 // The first arc tail -> head, and whether there is one.
 std::pair<edge_descriptor, bool> find_arc(vertex_descriptor tail, vertex_descriptor head);
 void remove_arc(edge_descriptor arc);
+
+// Puts everything in this header back to its state at start-up, for those who run
+// more than once in a process: tests and measurements.
+void reset_run_state();
