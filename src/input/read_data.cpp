@@ -1,0 +1,31 @@
+#include "input/read_data.hpp"
+
+#include "input/interaction_reader.hpp"
+#include "input/knockout_reader.hpp"
+#include "input/name_table.hpp"
+#include "input/test_reader.hpp"
+
+int read_data(char** argv, IloModel model) {
+    const std::string input = argv[1];
+    return read_data([&](const char* name) { return open_text_file(input + name); }, model);
+}
+
+int read_data(const input_opener& open_input, IloModel model) {
+    text_file file = open_input("names.txt");
+    if (!read_names(file)) {
+        return 1;
+    }
+    // Test edges come first, so that what the other files say of such a pair does
+    // not give its direction away; directed comes before undirected for the same.
+    num_of_ks = 0;
+    file = open_input("test");
+    read_test_edges(model, file);
+    file = open_input("directed");
+    read_interaction(model, file, num_of_proteins, directed_interactions);
+    file = open_input("undirected");
+    read_interaction(model, file, num_of_proteins, undirected_interactions);
+    file = open_input("ko");
+    read_knockouts(file);
+    number_network();
+    return num_of_ks;
+}
