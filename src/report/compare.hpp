@@ -1,0 +1,10 @@
+// Solving, and reading back which direction the solution gave the test edges.
+#pragma once
+
+#include "model/network_graph.hpp"
+
+// Sets parameters and priorities, solves, prints status and value, and removes
+// from bi_graph every hidden arc whose reverse arc was chosen. `gap` is the
+// relative optimality gap in percent. Always gives 0; without a solution it says
+// so on standard output and throws the int -1, which nobody catches.
+int compare(IloCplex cplex, IloModel model, int gap);

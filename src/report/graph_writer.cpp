@@ -1,0 +1,52 @@
+#include "report/graph_writer.hpp"
+
+#include <fstream>
+#include <vector>
+
+#include <boost/graph/graphviz.hpp>
+
+namespace {
+
+// A vertex's number as its identifier in the drawing. The library would turn each
+// of them into text and match it against a pattern, for both ends of every arc; a
+// number is a legal identifier as it is.
+struct vertex_number {
+    int value;
+};
+
+[[maybe_unused]] int escape_dot_string(const vertex_number& number) {
+    return number.value;
+}
+
+struct vertex_number_map {
+    using key_type = vertex_descriptor;
+    using value_type = vertex_number;
+    using reference = vertex_number;
+    using category = boost::readable_property_map_tag;
+};
+
+vertex_number get(vertex_number_map, vertex_descriptor vertex) {
+    return {boost::get(vertex_myindex_map, vertex)};
+}
+
+// The library flushes after every line; the file is complete when it is closed.
+struct unflushed_filebuf : std::filebuf {
+    int sync() override { return 0; }
+};
+
+}  // namespace
+
+void write_network(std::ostream& out) {
+    boost::write_graphviz(out, bi_graph, boost::make_label_writer(names_map), epw(solution_graph),
+                          boost::default_writer(), vertex_number_map());
+}
+
+void write_network(const std::string& path) {
+    std::vector<char> block(1 << 16);
+    unflushed_filebuf file;
+    file.pubsetbuf(block.data(), static_cast<std::streamsize>(block.size()));
+    std::ostream out(&file);
+    if (file.open(path, std::ios::out | std::ios::trunc) != nullptr) {
+        write_network(out);
+    }
+}
