@@ -1,0 +1,63 @@
+#include "driver/run.hpp"
+
+#include <iostream>
+
+#include <boost/graph/copy.hpp>
+
+#include "input/read_data.hpp"
+#include "orientation/prepare_ilp.hpp"
+#include "report/compare.hpp"
+#include "report/graph_writer.hpp"
+
+int run(int argc, char** argv, solver::back_end_function back_end) {
+    if (argc != 3) {
+        std::cout << "Invalid arguments for preprocessing. needed 2 arguments: Input directory and output directory"
+                  << std::endl;
+        return 1;
+    }
+    const std::string output = argv[2];
+
+    // The model exists before anything is read: readers add to it line by line.
+    IloModel model(env);
+    name_objective();
+
+    // Proteins, arcs with their orientation variables, and the knockout pairs.
+    read_data(argv, model);
+
+    // The network as read, before the solution takes arcs out of it.
+    write_network(output + "initial_graph.txt");
+
+    // Distances to a target are searched in a graph of reversed arcs, made of this copy.
+    std::vector<vertex_descriptor> iso_vec;
+    const IsoMap isoMap = copy_network(iso_vec);
+
+    IloCplex cplex(model);
+    if (back_end != nullptr) {
+        cplex.use_back_end(back_end);
+    }
+
+    // Flows over shortest paths, pair variables, objective.
+    prepare_ilp(model, true, isoMap);
+
+    // Before solving, so that it is there for another solver whatever happens.
+    cplex.exportModel((output + "shortest.lp").c_str());
+
+    // Solves, and takes the losing arcs of the test pairs out of bi_graph.
+    compare(cplex, model, 0);
+
+    // What is left is the solution.
+    write_network(output + "solution_graph.txt");
+    return 0;
+}
+
+void name_objective() {
+    objective.setName("obj");
+    keep_constraints_Ids.push_back(objective.getId());
+}
+
+IsoMap copy_network(std::vector<vertex_descriptor>& iso_vec) {
+    iso_vec.assign(boost::num_vertices(bi_graph), nullptr);
+    const IsoMap isoMap(iso_vec.begin(), vertex_myindex_map);
+    boost::copy_graph(bi_graph, comp_graph, boost::orig_to_copy(isoMap));
+    return isoMap;
+}

@@ -1,0 +1,18 @@
+// One run of the program: its phases, in their order.
+#pragma once
+
+#include "model/network_graph.hpp"
+
+// Runs with the program's own arguments: an input and an output directory, each a
+// plain prefix of file names. Gives the exit status: 1 on a wrong argument count,
+// else 0. A back end given here takes the place of the one that was built in.
+// Throws the int -1 when there is no solution.
+int run(int argc, char** argv, solver::back_end_function back_end = nullptr);
+
+// The phases that are the driver's own.
+
+// Gives the objective its name and the first place in keep_constraints_Ids.
+void name_objective();
+// Copies bi_graph into comp_graph. iso_vec takes, by vertex_index, the copy of each
+// vertex, and must live as long as the map that is returned.
+IsoMap copy_network(std::vector<vertex_descriptor>& iso_vec);
