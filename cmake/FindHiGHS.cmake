@@ -1,13 +1,18 @@
 # Finds the HiGHS library and its C interface by path, because the CMake files of
 # its binary package point at folders that the package does not hold.
 #
-# Looks first below HIGHS_ROOT (default: build/deps/highs of this project, where
-# tools/setup unpacks it), then in the system's own places.
+# Looks first below HIGHS_ROOT (default: the environment variable of that name,
+# else build/deps/highs of this project, where tools/setup unpacks it), then in
+# the system's own places.
 #
 # Gives HiGHS_FOUND, HiGHS_VERSION, HiGHS_EXECUTABLE (may be missing) and the
 # target HiGHS::HiGHS.
 
-set(HIGHS_ROOT "${PROJECT_SOURCE_DIR}/build/deps/highs" CACHE PATH "Folder with HiGHS's lib, include and bin")
+set(highs_root "$ENV{HIGHS_ROOT}")
+if(NOT highs_root)
+  set(highs_root "${PROJECT_SOURCE_DIR}/build/deps/highs")
+endif()
+set(HIGHS_ROOT "${highs_root}" CACHE PATH "Folder with HiGHS's lib, include and bin")
 
 find_path(HiGHS_INCLUDE_DIR interfaces/highs_c_api.h HINTS ${HIGHS_ROOT}/include PATH_SUFFIXES highs)
 find_library(HiGHS_LIBRARY highs HINTS ${HIGHS_ROOT}/lib)
