@@ -1,0 +1,95 @@
+// Files that are not what they should be: each costs a line at most, and none
+// brings the reader to a stop.
+#include <algorithm>
+
+#include "support/run_state.hpp"
+
+using bad_input = run_state_test;
+
+namespace {
+
+std::string unknown(const std::string& name) {
+    return "ERROR: protein " + name + " not found in the list (in file = 1)\n";
+}
+
+std::string too_long(int line, const std::string& field) {
+    return "ERROR: in file directed line " + std::to_string(line) + ": name " + field +
+           " is longer than 19 characters\n";
+}
+
+}  // namespace
+
+TEST_F(bad_input, in_a_network_file_costs_the_line_it_is_on) {
+    const std::string x20(20, 'x');
+    const std::string megabytes(10'000'000, 'x');
+    struct {
+        std::string what;
+        std::string text;
+        std::string message;
+        lines network;
+    } const cases[] = {
+        {"tabs",
+         "A\tB\t" + x20 + "\nC D 1\nB\tC\t" + x20,
+         too_long(1, "A?B?" + x20 + "?C") + too_long(3, "B?C?" + x20),
+         {"C->D 1 0 0 1"}},
+        {"short file with tabs", "A\tB\t0.7\nB\tC\t1\n", "", {}},
+        {"carriage returns", "A B 0.7\r\nB C 1\r\n", "", {"A->B 1 0 0 0.7", "B->C 1 0 0 1"}},
+        {"empty line", "A B 1\n\nB C 1\nC D 1\n", unknown("\nB"), {"A->B 1 0 0 1", "C->D 1 0 0 1"}},
+        {"doubled blank", "A  B 1\nC D 1\n", unknown(""), {"C->D 1 0 0 1"}},
+        {"leading blank", " A B 1\nC D 1\n", unknown(""), {"C->D 1 0 0 1"}},
+        {"no weight", "A B\nC D 1\nD E 1\n", unknown("B\nC"), {"D->E 1 0 0 1"}},
+        {"long first name", "A B 1\n" + x20 + " B 1\nC D 1\n", too_long(2, x20), {"A->B 1 0 0 1", "C->D 1 0 0 1"}},
+        {"long second name",
+         "A " + x20 + "\nB 1\nC D 1\nD E 1\n",
+         too_long(1, x20 + "?B") + unknown("1\nC"),
+         {"D->E 1 0 0 1"}},
+        {"name over a line end",
+         "A\n" + x20 + " B 1\nC D 1\n",
+         too_long(1, "A?" + x20) + too_long(2, x20),
+         {"C->D 1 0 0 1"}},
+        {"19 characters", x20.substr(1) + " B 1\n", unknown(x20.substr(1)), {}},
+        {"megabytes without a blank", megabytes, too_long(1, megabytes.substr(0, 40)), {}},
+        {"megabytes, then a line", megabytes + "\nC D 1\n", too_long(1, megabytes.substr(0, 40)), {"C->D 1 0 0 1"}},
+        {"megabytes of weight", "A B 0.5" + megabytes + "\nC D 1\n", "", {"A->B 1 0 0 0.5", "C->D 1 0 0 1"}},
+        {"null bytes", std::string("A\0zz B\0 1\0009\nC D 2\n", 18), "", {"A->B 1 0 0 1", "C->D 1 0 0 2"}},
+        {"bytes above 127", "\xff\xfe B 1\nC D 1\n", unknown("\xff\xfe"), {"C->D 1 0 0 1"}},
+        {"cut short", "A B 1\nC D", "", {"A->B 1 0 0 1"}},
+        {"weights of all kinds",
+         "A B  -2e1x\nB C .\nC D 0x10\n",
+         "",
+         {"A->B 1 0 0 -20", "B->C 1 0 0 0", "C->D 1 0 0 16"}},
+    };
+    for (const auto& expected : cases) {
+        reset_run_state();
+        model = IloModel(env);
+        load_letters({{"directed", expected.text}});
+        EXPECT_EQ(printed(), expected.message) << expected.what;
+        EXPECT_EQ(arcs(), expected.network) << expected.what;
+    }
+}
+
+TEST_F(bad_input, in_knockouts_costs_the_line_it_is_on) {
+    load_letters({{"ko", "A B\nC D 1\nC D 1\nE\tF\t0.1\nE F 1\nE\tF\t0.12345678901234567\nD C 1\n"}});
+    EXPECT_EQ(printed(),
+              "ERROR : a knouckout pair with unrecognized proteins: AkoB\nC\n"
+              "ERROR : a knouckout pair with unrecognized proteins: E\tF\t0.1\nEkoF\n"
+              "ERROR: in file ko line 6: name E?F?0.12345678901234567?D is longer than 19 characters\n");
+    EXPECT_EQ(knockouts(), (lines{"C: D", "D: C"}));
+}
+
+TEST_F(bad_input, folders_and_unreadable_files_do_not_open) {
+    EXPECT_FALSE(open_text_file("/").opened);
+    EXPECT_FALSE(open_text_file("/no/such/file").opened);
+    EXPECT_FALSE(open_text_file("/proc/self/mem").opened);  // opens, but its first byte cannot be read
+    EXPECT_TRUE(open_text_file("/dev/null").opened);
+}
+
+TEST_F(bad_input, of_many_refused_lines_is_read_in_linear_time) {
+    std::string text;
+    for (int i = 0; i < 400'000; ++i) {
+        text += "A\tB\t0.12345\n";
+    }
+    load_letters({{"directed", text}});
+    const std::string messages = printed();
+    EXPECT_EQ(std::count(messages.begin(), messages.end(), '\n'), 399'999);
+}

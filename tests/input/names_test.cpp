@@ -1,0 +1,86 @@
+#include "input/name_table.hpp"
+#include "support/run_state.hpp"
+
+using names = run_state_test;
+
+namespace {
+
+lines table() {
+    lines sorted;
+    for (int i = 0; i < num_of_proteins; ++i) {
+        sorted.push_back(protein_names_map[i].name.get());
+        EXPECT_EQ(sorted.back(), boost::get(names_map, protein_names_map[i].protein));
+    }
+    return sorted;
+}
+
+const std::string long_name(20, 'x');
+const std::string longest_name(19, 'x');
+
+}  // namespace
+
+TEST_F(names, make_vertices_in_file_order_and_a_sorted_table) {
+    struct {
+        std::string text;
+        lines vertices;
+        lines searchable;
+    } const cases[] = {
+        {"B\na\nA\n", {"B", "a", "A", ""}, {"A", "B", "a"}},
+        {"B\nA", {"B", "A"}, {"B"}},
+        {"", {""}, {}},
+        {"A", {"A"}, {}},
+        {"A\r\n\nB C\n", {"A\r", "", "B C", ""}, {"", "A\r", "B C"}},
+        {longest_name + "\n", {longest_name, ""}, {longest_name}},
+        {std::string("A\0B\n", 4), {"A", ""}, {"A"}},
+        {"B\n" + long_name + "\nA\n", {"B", "A", ""}, {"A", "B"}},
+        {"A\n" + long_name, {"A", ""}, {"A"}},
+    };
+    for (const auto& expected : cases) {
+        reset_run_state();
+        load({{"names.txt", expected.text}});
+        EXPECT_EQ(proteins(), expected.vertices) << expected.text;
+        EXPECT_EQ(table(), expected.searchable) << expected.text;
+        EXPECT_EQ(num_of_proteins, static_cast<int>(expected.searchable.size()));
+    }
+}
+
+TEST_F(names, that_do_not_open_leave_an_empty_table) {
+    EXPECT_EQ(load({{"test", "A B 1\n"}}), 0);
+    EXPECT_EQ(num_of_proteins, -1);
+    EXPECT_EQ(proteins(), lines());
+    EXPECT_EQ(printed(),
+              "ERROR: protein A not found in the list \nERROR: protein B not found in the list \n"
+              "ERROR: in file directed not opened\nERROR: in file undirected not opened\n"
+              "ERROR: knockout file not opened\n");
+}
+
+TEST_F(names, that_repeat_stand_in_file_order) {
+    text_file file = in_memory("names.txt", "B\nA\nB\nA\n");
+    read_names(file);
+    const std::vector<vertex_descriptor> created(boost::vertices(bi_graph).first, boost::vertices(bi_graph).second);
+    const int file_position[] = {1, 3, 0, 2};
+    for (int i = 0; i < 4; ++i) {
+        EXPECT_EQ(protein_names_map[i].protein, created[static_cast<std::size_t>(file_position[i])]);
+    }
+}
+
+TEST_F(names, that_are_too_long_are_reported_by_line) {
+    text_file file = in_memory("in/names.txt", "A\n\n" + std::string(60, 'x') + "\nB\n\tab\x7f" + long_name + "\n");
+    read_names(file);
+    EXPECT_EQ(printed(), "ERROR: in file in/names.txt line 3: name " + std::string(40, 'x') +
+                             " is longer than 19 characters\n"
+                             "ERROR: in file in/names.txt line 5: name ?ab?" +
+                             long_name + " is longer than 19 characters\n");
+}
+
+TEST_F(names, overflow_ends_the_loading_before_anything_is_numbered) {
+    std::string text;
+    for (int i = 0; i < MAX_PROTEIN_ID; ++i) {
+        text += "p\n";
+    }
+    EXPECT_EQ(load({{"names.txt", text}, {"test", "p p 1\n"}}), 1);
+    EXPECT_EQ(printed(), "current id exceeded MAX_PROTEIN_ID. MAX_PROTEIN_ID = 10000\n");
+    EXPECT_EQ(num_of_proteins, 0);
+    EXPECT_EQ(proteins().size(), 10001u);
+    EXPECT_EQ(boost::get(vertex_myindex_map, *std::next(boost::vertices(bi_graph).first, 5000)), 0);
+}

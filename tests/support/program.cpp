@@ -1,0 +1,61 @@
+#include "support/program.hpp"
+
+#include <fcntl.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <cstdlib>
+#include <fstream>
+#include <sstream>
+
+namespace {
+
+void redirect(int stream, const char* path) {
+    dup2(open(path, O_WRONLY | O_CREAT | O_TRUNC, 0600), stream);
+}
+
+}  // namespace
+
+program_test::program_test() {
+    std::string pattern = std::filesystem::temp_directory_path() / "netorient.XXXXXX";
+    folder = mkdtemp(pattern.data());
+}
+
+program_test::~program_test() {
+    std::filesystem::remove_all(folder);
+}
+
+void program_test::write(const std::string& path, const std::string& text) const {
+    std::filesystem::create_directories((folder / path).parent_path());
+    std::ofstream(folder / path, std::ios::binary) << text;
+}
+
+std::string program_test::read(const std::string& path) const {
+    std::ostringstream text;
+    text << std::ifstream(folder / path, std::ios::binary).rdbuf();
+    return text.str();
+}
+
+program_result program_test::run_program(std::vector<std::string> arguments, std::string program) const {
+    arguments.insert(arguments.begin(), program.empty() ? NETORIENT_PROGRAM : program);
+    std::vector<char*> argv;
+    for (std::string& argument : arguments) {
+        argv.push_back(argument.data());
+    }
+    argv.push_back(nullptr);
+    const pid_t child = fork();
+    if (child == 0) {
+        if (chdir(folder.c_str()) == 0) {
+            redirect(STDOUT_FILENO, "stdout");
+            redirect(STDERR_FILENO, "stderr");
+            execv(argv[0], argv.data());
+        }
+        _exit(127);
+    }
+    int status = 0;
+    waitpid(child, &status, 0);
+    return {.exit_status = WIFEXITED(status) ? WEXITSTATUS(status) : -1,
+            .signal = WIFSIGNALED(status) ? WTERMSIG(status) : 0,
+            .out = read("stdout"),
+            .err = read("stderr")};
+}

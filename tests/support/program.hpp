@@ -1,0 +1,30 @@
+// Tests of the real program, each in a folder of its own.
+#pragma once
+
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+struct program_result {
+    int exit_status = -1;  // -1 when a signal ended the program
+    int signal = 0;
+    std::string out;
+    std::string err;
+};
+
+class program_test : public testing::Test {
+ protected:
+    program_test();
+    ~program_test() override;
+
+    // Paths are relative to the folder; folders in between are made.
+    void write(const std::string& path, const std::string& text) const;
+    std::string read(const std::string& path) const;
+    bool exists(const std::string& path) const { return std::filesystem::exists(folder / path); }
+    // Runs inside the folder; without a path given, the program itself.
+    program_result run_program(std::vector<std::string> arguments, std::string program = {}) const;
+
+    std::filesystem::path folder;
+};
