@@ -71,7 +71,9 @@ void compressed_marking::add_counts() const {
 // Ends with the search when the last target has its distance: by then every vertex
 // one arc nearer has its own, and the walks back look at no others.
 void compressed_marking::find_distances(number source) {
-    first_level = last_level + 1;
+    // A level is left free, so that no arc from an earlier search's last level seems
+    // to lead on to this source.
+    first_level = last_level + 2;
     level[source] = first_level;
     std::size_t queue_end = 0;
     queue[queue_end++] = source;
