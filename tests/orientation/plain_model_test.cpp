@@ -1,0 +1,101 @@
+// The compressed search and the rows made from its lists, against the step-by-step
+// search and rows made from the marked-arc view of the whole network.
+#include <algorithm>
+
+#include <boost/range/iterator_range.hpp>
+
+#include "network_fixture.hpp"
+#include "orientation/stepwise_marking.hpp"
+
+namespace {
+
+// Also says of every pair variable its name and its pair's distance.
+std::vector<std::string> add_rows_plainly(IloModel model, vertex_descriptor pair_source, const targets& source_targets,
+                                          const std::vector<int>& target_distances) {
+    std::vector<std::string> pair_texts;
+    for (const auto& arc : boost::make_iterator_range(boost::edges(in_shortest_filtered))) {
+        const IloNumVar flow2_variable(env, 0.0, 1.0, IloNumVar::Float);
+        boost::put(flows_map, arc, flow2_variable);
+        model.add(flow2_variable <= 1 * boost::get(vars_map, arc));
+    }
+    for (const auto vertex : boost::make_iterator_range(boost::vertices(in_shortest_filtered))) {
+        IloExpr sum_in_flow2(env, 0.0);
+        bool any_in = false;
+        for (const auto& arc : boost::make_iterator_range(boost::in_edges(vertex, in_shortest_filtered))) {
+            sum_in_flow2 += boost::get(flows_map, arc);
+            any_in = true;
+        }
+        if (!any_in) {
+            continue;
+        }
+        for (const auto& arc : boost::make_iterator_range(boost::out_edges(vertex, in_shortest_filtered))) {
+            model.add(boost::get(flows_map, arc) <= sum_in_flow2);
+        }
+        for (std::size_t i = 0; i < source_targets.size(); ++i) {
+            if (source_targets[i] != vertex) {
+                continue;
+            }
+            const std::string name = "s_" + boost::get(names_map, pair_source) + "_" + boost::get(names_map, vertex);
+            const IloNumVar pair_var(objective(), 0.0, 1.0, IloNumVar::Float, name.c_str());
+            model.add(pair_var <= sum_in_flow2);
+            pair_texts.push_back(name + " " + std::to_string(target_distances[i]));
+        }
+    }
+    return pair_texts;
+}
+
+void expect_equal(const solver::model_record& one, const solver::model_record& other) {
+    EXPECT_EQ(one.row_names, other.row_names);
+    EXPECT_EQ(one.row_start, other.row_start);
+    EXPECT_EQ(one.row_column, other.row_column);
+    EXPECT_EQ(one.row_value, other.row_value);
+    EXPECT_EQ(one.row_upper, other.row_upper);
+    EXPECT_EQ(one.column_names, other.column_names);
+    EXPECT_EQ(one.column_lower, other.column_lower);
+    EXPECT_EQ(one.column_upper, other.column_upper);
+    EXPECT_EQ(one.column_integral, other.column_integral);
+    EXPECT_EQ(one.column_objective, other.column_objective);
+}
+
+}  // namespace
+
+TEST_F(network_test, CompressedSearchEqualsPlainSearch) {
+    std::size_t flow_rows_seen = 0;
+    for (unsigned seed = 0; seed < 400; ++seed) {
+        SCOPED_TRACE(seed);
+        const int num_proteins = 3 + static_cast<int>(seed % 38);
+        const int num_interactions = num_proteins * (1 + static_cast<int>(seed % 4));
+        const auto draw_it = [&] { draw(seed, num_proteins, num_interactions, seed % 5 * 0.25, true); };
+
+        draw_it();
+        prepare(true);
+        const solver::model_record record = IloCplex(model).record();
+        const std::string marks = marked();
+        const std::string counts = counted();
+        std::vector<std::string> pair_texts;
+        for (const pair_data& pair : pairs) {
+            pair_texts.push_back(pair.pair_var.getName() + (" " + std::to_string(pair.shortest_distance)));
+        }
+        EXPECT_EQ(num_of_pairs, static_cast<int>(pairs.size()));
+        flow_rows_seen += record.row_upper.size() - network_rows;
+
+        draw_it();
+        source_map network_sources;
+        network_sources.swap(sources);
+        prepare(true);  // without sources: reverses the network, no more
+        std::vector<std::string> plain_pair_texts;
+        for (const auto& [pair_source, source_targets] : network_sources) {
+            const source_marks plain = mark_stepwise(pair_source, source_targets, true, isoMap);
+            const auto texts = add_rows_plainly(model, pair_source, source_targets, plain.target_distances);
+            plain_pair_texts.insert(plain_pair_texts.end(), texts.begin(), texts.end());
+        }
+        EXPECT_EQ(pair_texts, plain_pair_texts);
+        EXPECT_EQ(marks, marked());
+        EXPECT_EQ(counts, counted());
+        expect_equal(record, IloCplex(model).record());
+        if (HasFailure()) {
+            return;
+        }
+    }
+    EXPECT_GT(flow_rows_seen, 10000U) << "the networks are too thin to tell";
+}
