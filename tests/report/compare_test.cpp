@@ -1,0 +1,108 @@
+// Reading the orientation back from answers that a stand-in gives by name.
+#include "report/compare.hpp"
+
+#include "support/run_state.hpp"
+
+namespace {
+
+std::map<std::string, double> answer_values;
+solver::model_record asked;
+
+solver::solve_answer answer_by_name(const solver::model_record& record, const solver::solve_watch&) {
+    asked = record;
+    solver::solve_answer answer;
+    answer.status = solver::solve_status::optimal;
+    for (const std::string& name : record.column_names) {
+        answer.values.push_back(answer_values[name]);
+    }
+    return answer;
+}
+
+solver::solve_answer no_answer(const solver::model_record&, const solver::solve_watch&) {
+    solver::solve_answer answer;
+    answer.status = solver::solve_status::infeasible;
+    answer.reason = "the stand-in never solves anything";
+    return answer;
+}
+
+const std::string finished = "Solution status = Optimal\nSolution value  = 0\ncplex solver finished\n";
+
+class comparison : public run_state_test {
+ protected:
+    // A hidden arc whose variable takes any value: none of it is the solver's to refuse.
+    void add_hidden_arc(const std::string& tail, const std::string& head) {
+        for (const std::string& name : {tail, head}) {
+            vertices.try_emplace(name, vertices.contains(name) ? nullptr : add_protein(name));
+        }
+        const edge_descriptor arc = add_arc(vertices[tail], vertices[head]);
+        const IloNumVar variable(env, -9.0, 9.0, IloNumVar::Float, (tail + head).c_str());
+        model.add(variable <= 9);
+        boost::put(vars_map, arc, variable);
+        boost::put(hidden_map, arc, 1);
+    }
+    void solve_with(const std::map<std::string, double>& values, int gap = 0) {
+        answer_values = values;
+        IloCplex cplex(model);
+        cplex.use_back_end(answer_by_name);
+        EXPECT_EQ(compare(cplex, model, gap), 0);
+    }
+
+    std::map<std::string, vertex_descriptor> vertices;
+};
+
+}  // namespace
+
+TEST_F(comparison, removes_the_reverse_of_a_chosen_test_arc) {
+    load_letters({{"test", "A B 1\nB C 1\nC D 1\n"}, {"directed", "E F 1\n"}, {"undirected", "D E 1\n"}});
+    solve_with({{"o_A_B", 1}, {"o_C_B", 1}, {"o_E_F", 1}, {"o_D_E", 1}});
+    EXPECT_EQ(arcs(), (lines{"A->B 0 1 1 1", "C->B 0 2 0 1", "C->D 0 1 1 1", "D->C 0 2 0 1", "E->F 1 0 0 1",
+                             "D->E 0 0 0 1", "E->D 0 0 0 1"}));
+    EXPECT_EQ(printed(), finished);
+}
+
+TEST_F(comparison, truncates_values_and_reports_those_that_are_not_binary) {
+    for (const char* ends : {"AB", "BA", "BC", "CB", "CD", "DC", "DE", "ED", "AD"}) {
+        add_hidden_arc({ends[0]}, {ends[1]});
+    }
+    solve_with({{"AB", 1}, {"BA", 1}, {"BC", 0.9999999}, {"CD", 1.9}, {"DE", 2}, {"ED", -1}, {"AD", 1}});
+    EXPECT_EQ(arcs(),
+              (lines{"B->C 0 1 0 0", "C->B 0 1 0 0", "C->D 0 1 0 0", "D->E 0 1 0 0", "E->D 0 1 0 0", "A->D 0 1 0 0"}));
+    EXPECT_EQ(printed(), finished +
+                             "ERROR - Binary variable got a very unbinary value\n"
+                             "ERROR - Binary variable got a very unbinary value\n");
+}
+
+TEST_F(comparison, leaves_arcs_that_are_not_hidden_also_where_a_reverse_was_chosen) {
+    add_hidden_arc("A", "B");
+    add_hidden_arc("B", "A");
+    boost::put(hidden_map, find_arc(vertices["B"], vertices["A"]).first, 0);
+    solve_with({{"AB", 1}, {"BA", 9}});
+    EXPECT_EQ(arcs(), (lines{"A->B 0 1 0 0", "B->A 0 0 3 0"}));
+    EXPECT_EQ(printed(), finished);
+}
+
+TEST_F(comparison, hands_settings_and_priorities_to_the_solver) {
+    load_letters({{"directed", "A B 1\nB C 1\nC D 1\nD E 1\nE F 1\n"}});
+    int counter = -1;
+    for (const edge_descriptor& arc : boost::make_iterator_range(boost::edges(bi_graph))) {
+        boost::put(shortest_paths_counter_map, arc, counter++);
+    }
+    boost::put(shortest_paths_counter_map, *boost::edges(bi_graph).first, 7);
+    boost::put(test_map, *--boost::edges(bi_graph).second, 22);
+    solve_with({}, 5);
+    EXPECT_EQ(asked.column_priority, (std::vector<double>{7, 0, 1, 2, 0}));
+    EXPECT_EQ(asked.settings.root_algorithm, 3);
+    EXPECT_EQ(asked.settings.variable_selection, 3);
+    EXPECT_EQ(asked.settings.work_memory, 1280.0);
+    EXPECT_EQ(asked.settings.dive_type, 3);
+    EXPECT_EQ(asked.settings.relative_gap, 0.05);
+}
+
+TEST_F(comparison, throws_when_there_is_no_solution) {
+    load_letters({{"test", "A B 1\n"}});
+    IloCplex cplex(model);
+    cplex.use_back_end(no_answer);
+    EXPECT_THROW(compare(cplex, model, 0), int);
+    EXPECT_EQ(printed(), "the stand-in never solves anything\nFailed to optimize LP\n");
+    EXPECT_EQ(arcs().size(), 2u);
+}
