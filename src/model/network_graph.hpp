@@ -65,7 +65,7 @@ extern bidirected_basic_graph comp_graph;      // bi_graph with every arc revers
 // A property travels with the handle, so an accessor serves any of the graphs.
 
 template <typename tag>
-using property_accessor = boost::property_map<bidirected_basic_graph, tag>::type;
+using property_accessor = typename boost::property_map<bidirected_basic_graph, tag>::type;
 
 extern property_accessor<boost::vertex_distance_t> comp_distances_map;
 extern property_accessor<boost::vertex_index_t> vertex_comp_myindex_map;
