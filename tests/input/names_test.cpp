@@ -55,12 +55,14 @@ TEST_F(names, that_do_not_open_leave_an_empty_table) {
 }
 
 TEST_F(names, that_repeat_stand_in_file_order) {
-    text_file file = in_memory("names.txt", "B\nA\nB\nA\n");
-    read_names(file);
-    const std::vector<vertex_descriptor> created(boost::vertices(bi_graph).first, boost::vertices(bi_graph).second);
-    const int file_position[] = {1, 3, 0, 2};
-    for (int i = 0; i < 4; ++i) {
-        EXPECT_EQ(protein_names_map[i].protein, created[static_cast<std::size_t>(file_position[i])]);
+    std::string text;
+    for (int i = 0; i < 100; ++i) {
+        text += i % 2 == 0 ? "B\n" : "A\n";
+    }
+    load({{"names.txt", text}});
+    for (int i = 0; i < 50; ++i) {
+        EXPECT_EQ(boost::get(vertex_myindex_map, protein_names_map[i].protein), 2 * i + 1);
+        EXPECT_EQ(boost::get(vertex_myindex_map, protein_names_map[i + 50].protein), 2 * i);
     }
 }
 
@@ -83,4 +85,10 @@ TEST_F(names, overflow_ends_the_loading_before_anything_is_numbered) {
     EXPECT_EQ(num_of_proteins, 0);
     EXPECT_EQ(proteins().size(), 10001u);
     EXPECT_EQ(boost::get(vertex_myindex_map, *std::next(boost::vertices(bi_graph).first, 5000)), 0);
+
+    reset_run_state();
+    text.pop_back();
+    EXPECT_EQ(load({{"names.txt", text}}), 0);
+    EXPECT_EQ(num_of_proteins, 9999);
+    EXPECT_STREQ(protein_names_map[9999].name.get(), "p");
 }
