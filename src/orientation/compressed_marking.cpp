@@ -18,7 +18,7 @@ compressed_marking::compressed_marking() {
     network = compressed_graph(boost::edges_are_unsorted_multi_pass, ends.begin(), ends.end(), arc_numbers.begin(),
                                num_of_vertices);
     level.assign(num_of_vertices, 0);
-    queue.resize(num_of_vertices);
+    queue.resize(num_of_vertices + 1);  // the search writes one past what it keeps
     tight_arcs.resize(num_of_vertices);
     walk_of_vertex.assign(num_of_vertices, 0);
     marked_for.assign(arcs.size(), 0);
@@ -87,14 +87,15 @@ void compressed_marking::find_distances(number source) {
         }
     }
 
+    // Whether a neighbour is new is anybody's guess, so there is no branch on it.
     for (std::size_t head = 0; head < queue_end && targets_left > 0; ++head) {
         const int next_level = level[queue[head]] + 1;
         for (const number neighbour : boost::make_iterator_range(boost::adjacent_vertices(queue[head], network))) {
-            if (level[neighbour] < first_level) {
-                level[neighbour] = next_level;
-                queue[queue_end++] = neighbour;
-                targets_left -= walk_of_vertex[neighbour] == walk_number;
-            }
+            const bool is_new = level[neighbour] < first_level;
+            level[neighbour] = is_new ? next_level : level[neighbour];
+            queue[queue_end] = neighbour;
+            queue_end += is_new;
+            targets_left -= is_new & (walk_of_vertex[neighbour] == walk_number);
         }
     }
     last_level = level[queue[queue_end - 1]];
