@@ -1,0 +1,49 @@
+// Runs a command with its output in a file, and prints what it cost:
+//
+//   measure OUTPUT COMMAND [ARGUMENT]...
+//
+// "cpu SECONDS wall SECONDS peak MEGABYTES status NUMBER": processor time of user
+// and system, highest resident memory, exit status (128 + signal when killed).
+#include <fcntl.h>
+#include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <chrono>
+#include <cstdio>
+
+namespace {
+
+double seconds(const timeval& time) {
+    return static_cast<double>(time.tv_sec) + 1e-6 * static_cast<double>(time.tv_usec);
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    if (argc < 3) {
+        std::fprintf(stderr, "usage: measure OUTPUT COMMAND [ARGUMENT]...\n");
+        return 1;
+    }
+    const auto start = std::chrono::steady_clock::now();
+    const pid_t child = fork();
+    if (child == 0) {
+        const int output = open(argv[1], O_WRONLY | O_CREAT | O_TRUNC, 0666);
+        if (output < 0 || dup2(output, STDOUT_FILENO) < 0 || dup2(output, STDERR_FILENO) < 0) {
+            _exit(126);
+        }
+        execvp(argv[2], argv + 2);
+        _exit(127);
+    }
+    int status = 0;
+    rusage usage{};
+    if (child < 0 || wait4(child, &status, 0, &usage) != child) {
+        std::perror("measure");
+        return 1;
+    }
+    const double wall = std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+    std::printf("cpu %.3f wall %.3f peak %.0f status %d\n", seconds(usage.ru_utime) + seconds(usage.ru_stime), wall,
+                static_cast<double>(usage.ru_maxrss) / 1024,
+                WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status));
+    return 0;
+}
