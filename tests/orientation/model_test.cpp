@@ -70,37 +70,25 @@ double optimum(IloModel model) {
 // s_a_c <= f(bc) <= o_b_c, s_d_b <= f(cb) <= o_c_b, o_b_c + o_c_b <= 1: one of the
 // two; and the heavier one when it is listed twice.
 TEST_F(network_test, OppositePairsExcludeEachOther) {
-    for (const bool listed_twice : {false, true}) {
-        start(4);
-        arc('a', 'b');
-        arc('d', 'c');
-        interaction('b', 'c');
-        knockout('a', "c");
-        knockout('d', listed_twice ? "bb" : "b");
-        prepare(true);
-        EXPECT_EQ(optimum(model), listed_twice ? 2.0 : 1.0);
-    }
+    make("ab dc b-c a:c d:b");
+    prepare(true);
+    EXPECT_EQ(optimum(model), 1.0);
+    make("ab dc b-c a:c d:bb");
+    prepare(true);
+    EXPECT_EQ(optimum(model), 2.0);
 }
 
 // One arc into b, two out of it. Flow is not conserved: f(bc) and f(bd) may each be
 // as large as f(ab), so both pairs are satisfied.
 TEST_F(network_test, OneChainServesManyTargets) {
-    start(4);
-    interaction('a', 'b');
-    arc('b', 'c');
-    arc('b', 'd');
-    knockout('a', "cd");
+    make("a-b bc bd a:cd");
     prepare(true);
     EXPECT_EQ(optimum(model), 2.0);
 }
 
 // Two open paths to d: s_a_d <= f(bd) + f(cd) <= 2, and its own bound says 1.
 TEST_F(network_test, APairCountsOnce) {
-    start(4);
-    for (const char* ends : {"ab", "ac", "bd", "cd"}) {
-        arc(ends[0], ends[1]);
-    }
-    knockout('a', "d");
+    make("ab ac bd cd a:d");
     prepare(true);
     EXPECT_EQ(optimum(model), 1.0);
 }
@@ -110,16 +98,7 @@ TEST_F(network_test, APairCountsOnce) {
 // and any two of them use one interaction in opposite directions: at most one pair
 // is satisfied, where halves of all orientations would give 3/2.
 TEST_F(network_test, PairwiseConflictsLeaveOne) {
-    start(14);
-    for (const char* ends : {"ad", "ef", "gj", "be", "dh", "ik", "ci", "hm", "mn", "ng", "fl"}) {
-        arc(ends[0], ends[1]);
-    }
-    for (const char* ends : {"de", "fg", "hi"}) {
-        interaction(ends[0], ends[1]);
-    }
-    knockout('a', "j");
-    knockout('b', "k");
-    knockout('c', "l");
+    make("ad ef gj be dh ik ci hm mn ng fl d-e f-g h-i a:j b:k c:l");
     prepare(true);
     EXPECT_EQ(num_of_pairs, 3);
     EXPECT_EQ(optimum(model), 1.0);
@@ -128,8 +107,9 @@ TEST_F(network_test, PairwiseConflictsLeaveOne) {
 TEST_F(network_test, OptimumIsThatOfTheBestOrientation) {
     int contradicted_pairs = 0;
     for (unsigned seed = 0; seed < 300; ++seed) {
-        SCOPED_TRACE(seed);
-        draw(1000 + seed, 4 + static_cast<int>(seed % 4), 9, seed % 3 * 0.2, false);
+        const std::string words = draw(1000 + seed, 4 + static_cast<int>(seed % 4), 9, seed % 3 * 0.2, false);
+        SCOPED_TRACE(words);
+        make(words);
         prepare(true);
 
         arc_set network;

@@ -1,5 +1,9 @@
 #include "network_fixture.hpp"
 
+#include <cmath>
+#include <set>
+#include <sstream>
+
 #include <boost/range/iterator_range.hpp>
 
 #include "driver/run.hpp"
@@ -10,62 +14,40 @@
 
 namespace {
 
-std::string joined(const std::vector<std::string>& words) {
+template <typename graph, typename text_function>
+std::string arcs_as_text(const graph& network, const text_function& text_after) {
     std::string text;
-    for (const std::string& word : words) {
-        text += (text.empty() ? "" : " ") + word;
+    for (const auto& arc : boost::make_iterator_range(boost::edges(network))) {
+        if (const std::string after = text_after(arc); after != "-") {
+            text += (text.empty() ? "" : " ") + boost::get(names_map, boost::source(arc, network)) +
+                    boost::get(names_map, boost::target(arc, network)) + after;
+        }
     }
     return text;
 }
 
 }  // namespace
 
-void network_test::start(int num_proteins) {
+void network_test::make(const std::string& words) {
     reset_run_state();
     model = IloModel(env);
     proteins.clear();
-    for (int i = 0; i < num_proteins; ++i) {
-        proteins.push_back(add_protein(i < 26 ? std::string(1, static_cast<char>('a' + i)) : "n" + std::to_string(i)));
-    }
-}
-
-void network_test::arc(char tail, char head) {
-    add_directed_arc(model, protein(tail), protein(head), 1.0);
-}
-
-void network_test::interaction(char one, char two) {
-    add_orientable_pair(model, protein(one), protein(two), 1.0, {}, {}, nullptr);
-}
-
-void network_test::knockout(char cause, const std::string& effects) {
-    for (const char effect : effects) {
-        sources[protein(cause)].push_back(protein(effect));
-    }
-}
-
-void network_test::draw(unsigned seed, int num_proteins, int num_interactions, double directed_share,
-                        bool parallel_arcs) {
-    start(num_proteins);
-    std::mt19937 engine(seed);
-    const auto any_protein = [&] { return proteins[engine() % proteins.size()]; };
-    for (int i = 0; i < num_interactions; ++i) {
-        const vertex_descriptor one = any_protein();
-        const vertex_descriptor two = any_protein();
-        if (one == two) {
-            continue;
+    const auto protein = [&](char name) {
+        while (proteins.size() <= static_cast<std::size_t>(name - 'a')) {
+            proteins.push_back(add_protein(std::string(1, static_cast<char>('a' + proteins.size()))));
         }
-        if (engine() % 100 < 100 * directed_share) {
-            if (parallel_arcs || !find_arc(one, two).second) {
-                add_directed_arc(model, one, two, 1.0);
+        return proteins[name - 'a'];
+    };
+    std::istringstream stream(words);
+    for (std::string word; stream >> word;) {
+        if (word[1] == '-') {
+            add_orientable_pair(model, protein(word[0]), protein(word[2]), 1.0, {}, {}, nullptr);
+        } else if (word[1] == ':') {
+            for (const char effect : word.substr(2)) {
+                sources[protein(word[0])].push_back(protein(effect));
             }
-        } else if (!find_arc(one, two).second && !find_arc(two, one).second) {
-            add_orientable_pair(model, one, two, 1.0, {}, {}, nullptr);
-        }
-    }
-    for (int i = 0; i < 4; ++i) {
-        const vertex_descriptor cause = any_protein();
-        for (int left = 1 + static_cast<int>(engine() % 5); left > 0; --left) {
-            sources[cause].push_back(any_protein());
+        } else {
+            add_directed_arc(model, protein(word[0]), protein(word[1]), 1.0);
         }
     }
 }
@@ -77,34 +59,50 @@ void network_test::prepare(bool allow_one_edge_path) {
     EXPECT_TRUE(prepare_ilp(model, allow_one_edge_path, isoMap));
 }
 
-std::string network_test::name_of(edge_descriptor arc) const {
-    return boost::get(names_map, boost::source(arc, bi_graph)) + boost::get(names_map, boost::target(arc, bi_graph));
-}
-
-std::string network_test::marked() const {
-    std::vector<std::string> words;
-    for (const auto& arc : boost::make_iterator_range(boost::edges(in_shortest_filtered))) {
-        words.push_back(name_of(arc));
-    }
-    return joined(words);
-}
-
-std::string network_test::counted() const {
-    std::vector<std::string> words;
-    for (const auto& arc : boost::make_iterator_range(boost::edges(bi_graph))) {
-        if (const int count = boost::get(shortest_paths_counter_map, arc); count != 0) {
-            words.push_back(name_of(arc) + ":" + std::to_string(count));
+std::string network_test::draw(unsigned seed, int num_proteins, int num_interactions, double directed_share,
+                               bool parallel_arcs) {
+    std::mt19937 engine(seed);
+    const auto below = [&](int limit) { return static_cast<int>(engine() % limit); };
+    const auto any_protein = [&] { return std::string(1, static_cast<char>('a' + below(num_proteins))); };
+    std::string words;
+    std::set<std::string> arcs;
+    while (num_interactions-- > 0) {
+        const std::string one = any_protein();
+        const std::string other = any_protein();
+        const bool directed = below(100) < 100 * directed_share;
+        if (one == other || (arcs.contains(one + other) && !(directed && parallel_arcs)) ||
+            (arcs.contains(other + one) && !directed)) {
+            continue;
+        }
+        words += directed ? one + other + " " : one + "-" + other + " ";
+        arcs.insert(one + other);
+        if (!directed) {
+            arcs.insert(other + one);
         }
     }
-    return joined(words);
+    for (int causes = 0; causes < 4; ++causes) {
+        words += any_protein() + ":";
+        for (int effects = 1 + below(5); effects > 0; --effects) {
+            words += any_protein();
+        }
+        words += " ";
+    }
+    return words;
 }
 
-std::string network_test::comp_arcs() const {
-    std::vector<std::string> words;
-    for (const auto& arc : boost::make_iterator_range(boost::edges(comp_graph))) {
-        words.push_back(name_of(arc));
-    }
-    return joined(words);
+std::string network_test::marked() {
+    return arcs_as_text(in_shortest_filtered, [](const auto&) { return std::string(); });
+}
+
+std::string network_test::counted() {
+    return arcs_as_text(bi_graph, [](const auto& arc) {
+        const int count = boost::get(shortest_paths_counter_map, arc);
+        return count == 0 ? "-" : ":" + std::to_string(count);
+    });
+}
+
+std::string network_test::comp_arcs() {
+    return arcs_as_text(comp_graph, [](const auto&) { return std::string(); });
 }
 
 std::vector<std::string> network_test::flow_rows() const {

@@ -62,12 +62,11 @@ void expect_equal(const solver::model_record& one, const solver::model_record& o
 TEST_F(network_test, CompressedSearchEqualsPlainSearch) {
     std::size_t flow_rows_seen = 0;
     for (unsigned seed = 0; seed < 400; ++seed) {
-        SCOPED_TRACE(seed);
-        const int num_proteins = 3 + static_cast<int>(seed % 38);
-        const int num_interactions = num_proteins * (1 + static_cast<int>(seed % 4));
-        const auto draw_it = [&] { draw(seed, num_proteins, num_interactions, seed % 5 * 0.25, true); };
-
-        draw_it();
+        const int num_proteins = 3 + static_cast<int>(seed % 24);
+        const std::string network =
+            draw(seed, num_proteins, num_proteins * (1 + static_cast<int>(seed % 4)), seed % 5 * 0.25, true);
+        SCOPED_TRACE(network);
+        make(network);
         prepare(true);
         const solver::model_record record = IloCplex(model).record();
         const std::string marks = marked();
@@ -79,7 +78,7 @@ TEST_F(network_test, CompressedSearchEqualsPlainSearch) {
         EXPECT_EQ(num_of_pairs, static_cast<int>(pairs.size()));
         flow_rows_seen += record.row_upper.size() - network_rows;
 
-        draw_it();
+        make(network);
         source_map network_sources;
         network_sources.swap(sources);
         prepare(true);  // without sources: reverses the network, no more
