@@ -1,0 +1,279 @@
+#include "solver/structure/reach_structure.hpp"
+
+#include <algorithm>
+#include <cmath>
+#include <cstdint>
+#include <numeric>
+#include <string>
+#include <tuple>
+#include <utility>
+
+namespace solver {
+namespace {
+
+constexpr int none = -1;
+constexpr double largest_weight = 1e9;  // sums of weights stay exact in a double
+
+// FNV-1a with a final mix: neighbouring names land far apart.
+std::uint64_t hash_of(const std::string& name) {
+    std::uint64_t hash = 14695981039346656037ULL;
+    for (const char character : name) {
+        hash = (hash ^ static_cast<unsigned char>(character)) * 1099511628211ULL;
+    }
+    hash ^= hash >> 33;
+    hash *= 0xff51afd7ed558ccdULL;
+    return hash ^ (hash >> 33);
+}
+
+std::size_t at(int index) {
+    return static_cast<std::size_t>(index);
+}
+
+// Reads the rows once to tell gates, flows and demands apart, and a second time to
+// tie them to one another. Every step returns false when the model does not fit.
+class structure_finder {
+ public:
+    explicit structure_finder(const model_record& record) : record_(record) {}
+
+    std::optional<reach_structure> find() {
+        if (check_columns() && read_packing_and_capacity() && read_sums() && all_columns_placed() && order_arcs() &&
+            order_nodes()) {
+            return std::move(found_);
+        }
+        return std::nullopt;
+    }
+
+ private:
+    bool check_columns() {
+        if (!record_.maximize) {
+            return false;
+        }
+        for (int c = 0; c < record_.num_columns(); ++c) {
+            const double weight = record_.column_objective[at(c)];
+            if (record_.column_lower[at(c)] != 0.0 || record_.column_upper[at(c)] != 1.0 || weight < 0.0 ||
+                weight != std::floor(weight) || weight > largest_weight ||
+                (record_.column_integral[at(c)] != 0 && weight != 0.0)) {
+                return false;
+            }
+        }
+        found_.objective_constant = record_.objective_constant;
+        gate_of_.assign(at(record_.num_columns()), none);
+        flow_gate_column_.assign(at(record_.num_columns()), none);
+        return true;
+    }
+
+    // A row of gates with coefficients 1 and right side 1, or one flow below one gate.
+    bool read_packing_and_capacity() {
+        for (int r = 0; r < record_.num_rows(); ++r) {
+            const std::size_t first = record_.row_start[at(r)];
+            const std::size_t size = record_.row_start[at(r) + 1] - first;
+            if (record_.row_lower[at(r)] != -infinity || size == 0) {
+                return false;
+            }
+            const int* columns = record_.row_column.data() + first;
+            const double* values = record_.row_value.data() + first;
+            const double upper = record_.row_upper[at(r)];
+            if (upper == 1.0) {
+                if (size > 2 || !add_choice(columns, values, size)) {
+                    return false;
+                }
+            } else if (upper != 0.0) {
+                return false;
+            } else if (size == 2 && integral(columns[0]) != integral(columns[1])) {
+                const std::size_t gate = integral(columns[0]) ? 0 : 1;
+                int& gate_column = flow_gate_column_[at(columns[1 - gate])];
+                if (values[gate] != -1.0 || values[1 - gate] != 1.0 || gate_column != none) {
+                    return false;
+                }
+                gate_column = columns[gate];
+            }
+        }
+        return true;
+    }
+
+    bool add_choice(const int* columns, const double* values, std::size_t size) {
+        std::array<int, 2> gates = {none, none};
+        for (std::size_t i = 0; i < size; ++i) {
+            if (values[i] != 1.0 || !integral(columns[i]) || gate_of_[at(columns[i])] != none) {
+                return false;
+            }
+            gates[i] = columns[i];
+            gate_of_[at(columns[i])] = 0;
+        }
+        if (size == 2) {
+            const std::string& first = record_.column_names[at(gates[0])];
+            const std::string& second = record_.column_names[at(gates[1])];
+            if (std::make_pair(hash_of(second), second) < std::make_pair(hash_of(first), first)) {
+                std::swap(gates[0], gates[1]);
+            }
+        }
+        for (const int column : gates) {
+            if (column != none) {
+                gate_of_[at(column)] = static_cast<int>(found_.gate_column.size());
+            }
+            found_.gate_column.push_back(column);
+        }
+        return true;
+    }
+
+    // A flow or a demand below the sum of what enters one node.
+    bool read_sums() {
+        node_of_flow_.assign(at(record_.num_columns()), none);
+        tail_of_flow_.assign(at(record_.num_columns()), none);
+        demand_of_.assign(at(record_.num_columns()), none);
+        for (int r = 0; r < record_.num_rows(); ++r) {
+            if (record_.row_upper[at(r)] != 0.0 || is_capacity(r)) {
+                continue;
+            }
+            int bounded = none;
+            entering_.clear();
+            for (std::size_t t = record_.row_start[at(r)]; t < record_.row_start[at(r) + 1]; ++t) {
+                const int column = record_.row_column[t];
+                if (record_.row_value[t] == 1.0 && bounded == none && !integral(column)) {
+                    bounded = column;
+                } else if (record_.row_value[t] == -1.0 && is_flow(column)) {
+                    entering_.push_back(column);
+                } else {
+                    return false;
+                }
+            }
+            const int node = bounded == none || entering_.empty() ? none : node_entered_by_all();
+            if (node == none || !place(bounded, node)) {
+                return false;
+            }
+        }
+        return true;
+    }
+
+    // The node that exactly these flows enter; made anew when none of them enters one yet.
+    int node_entered_by_all() {
+        const int node = node_of_flow_[at(entering_.front())];
+        for (const int flow : entering_) {
+            if (node_of_flow_[at(flow)] != node) {
+                return none;
+            }
+        }
+        if (node != none) {
+            return node_size_[at(node)] == entering_.size() ? node : none;
+        }
+        const int made = static_cast<int>(node_size_.size());
+        node_size_.push_back(entering_.size());
+        for (const int flow : entering_) {
+            node_of_flow_[at(flow)] = made;
+        }
+        return made;
+    }
+
+    bool place(int bounded, int node) {
+        if (is_flow(bounded)) {
+            if (tail_of_flow_[at(bounded)] != none || record_.column_objective[at(bounded)] != 0.0) {
+                return false;
+            }
+            tail_of_flow_[at(bounded)] = node;
+            return true;
+        }
+        if (demand_of_[at(bounded)] != none) {
+            return false;
+        }
+        demand_of_[at(bounded)] = static_cast<int>(found_.demand_node.size());
+        found_.demand_node.push_back(node);
+        found_.demand_weight.push_back(static_cast<long>(record_.column_objective[at(bounded)]));
+        found_.demand_column.push_back(bounded);
+        return true;
+    }
+
+    bool all_columns_placed() const {
+        for (int c = 0; c < record_.num_columns(); ++c) {
+            const bool is_placed = integral(c) ? gate_of_[at(c)] != none : is_flow(c) || demand_of_[at(c)] != none;
+            if (!is_placed || (is_flow(c) && gate_of_[at(flow_gate_column_[at(c)])] == none) ||
+                (is_flow(c) && record_.column_objective[at(c)] != 0.0)) {
+                return false;
+            }
+        }
+        return true;
+    }
+
+    bool order_arcs() {
+        std::vector<int> flows;
+        for (int c = 0; c < record_.num_columns(); ++c) {
+            if (is_flow(c)) {
+                (node_of_flow_[at(c)] == none ? found_.idle_columns : flows).push_back(c);
+            }
+        }
+        const auto key = [this](int flow) {
+            return std::make_tuple(node_of_flow_[at(flow)], gate_of_[at(flow_gate_column_[at(flow)])], flow);
+        };
+        std::sort(flows.begin(), flows.end(), [&key](int a, int b) { return key(a) < key(b); });
+        found_.node_first_arc.assign(node_size_.size() + 1, 0);
+        for (const int flow : flows) {
+            found_.arc_column.push_back(flow);
+            found_.arc_tail.push_back(tail_of_flow_[at(flow)]);
+            found_.arc_head.push_back(node_of_flow_[at(flow)]);
+            found_.arc_gate.push_back(gate_of_[at(flow_gate_column_[at(flow)])]);
+            ++found_.node_first_arc[at(node_of_flow_[at(flow)]) + 1];
+        }
+        std::partial_sum(found_.node_first_arc.begin(), found_.node_first_arc.end(), found_.node_first_arc.begin());
+        return true;
+    }
+
+    // Kahn's topological sort; false when some flow can feed itself.
+    bool order_nodes() {
+        const int num_nodes = static_cast<int>(node_size_.size());
+        std::vector<int> missing(node_size_.size(), 0);
+        std::vector<int> first_leaving(node_size_.size() + 1, 0);
+        for (std::size_t a = 0; a < found_.arc_tail.size(); ++a) {
+            if (found_.arc_tail[a] != none) {
+                ++missing[at(found_.arc_head[a])];
+                ++first_leaving[at(found_.arc_tail[a]) + 1];
+            }
+        }
+        std::partial_sum(first_leaving.begin(), first_leaving.end(), first_leaving.begin());
+        std::vector<int> leaving(at(first_leaving.back()));
+        std::vector<int> next = first_leaving;
+        for (std::size_t a = 0; a < found_.arc_tail.size(); ++a) {
+            if (found_.arc_tail[a] != none) {
+                leaving[at(next[at(found_.arc_tail[a])]++)] = found_.arc_head[a];
+            }
+        }
+        for (int v = 0; v < num_nodes; ++v) {
+            if (missing[at(v)] == 0) {
+                found_.node_order.push_back(v);
+            }
+        }
+        for (std::size_t i = 0; i < found_.node_order.size(); ++i) {
+            const int v = found_.node_order[i];
+            for (int l = first_leaving[at(v)]; l < first_leaving[at(v) + 1]; ++l) {
+                if (--missing[at(leaving[at(l)])] == 0) {
+                    found_.node_order.push_back(leaving[at(l)]);
+                }
+            }
+        }
+        return found_.node_order.size() == node_size_.size();
+    }
+
+    bool integral(int column) const { return record_.column_integral[at(column)] != 0; }
+    bool is_flow(int column) const { return flow_gate_column_[at(column)] != none; }
+    bool is_capacity(int row) const {
+        const std::size_t first = record_.row_start[at(row)];
+        return record_.row_start[at(row) + 1] - first == 2 &&
+               integral(record_.row_column[first]) != integral(record_.row_column[first + 1]);
+    }
+
+    const model_record& record_;
+    reach_structure found_;
+    std::vector<int> gate_of_;           // by column: its gate
+    std::vector<int> flow_gate_column_;  // by column: the gate's column that bounds it; none = no flow
+    std::vector<int> node_of_flow_;      // by column: the node that the flow enters
+    std::vector<int> tail_of_flow_;      // by column: the node that the flow leaves
+    std::vector<int> demand_of_;         // by column
+    std::vector<std::size_t> node_size_;
+    std::vector<int> entering_;
+};
+
+}  // namespace
+
+std::optional<reach_structure> find_reach_structure(const model_record& record) {
+    return structure_finder(record).find();
+}
+
+}  // namespace solver
