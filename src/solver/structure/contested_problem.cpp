@@ -1,0 +1,18 @@
+#include "solver/structure/contested_problem.hpp"
+
+namespace solver {
+
+long contested_problem::total_weight() const {
+    long total = 0;
+    for (const pair_net& pair : pairs) {
+        total += pair.weight;
+    }
+    return total;
+}
+
+void open_and_close(std::vector<gate_state>& gates, int gate) {
+    gates[static_cast<std::size_t>(gate)] = gate_state::open;
+    gates[static_cast<std::size_t>(gate ^ 1)] = gate_state::closed;
+}
+
+}  // namespace solver

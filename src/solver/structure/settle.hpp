@@ -1,0 +1,41 @@
+// Decides what can be decided about a contested problem without a search.
+//
+// To a fixpoint: a choice that a pair can use in one direction, and no pair in the
+// other, takes that direction for good. A chain of arcs so opened satisfies its pair,
+// which leaves; networks shrink (simplify_net), and more choices are decided. Besides,
+// a direction whose sole arc is the whole network of pairs that weigh as much as all
+// pairs that could use the other is taken: turning the choice that way in any answer
+// loses nothing. Pairs with equal networks become one with the sum of their weights.
+//
+// Exact: some best answer of the whole agrees with every decision. A direction is
+// fixed, not merely freed: had both been free once nobody contests them, a pair
+// leaving later would make both usable at the same time.
+//
+// Bounded: each round but the last decides a choice; a round costs the arcs of the
+// networks that its decisions touch.
+#pragma once
+
+#include "solver/structure/contested_problem.hpp"
+
+namespace solver {
+
+// Which steps are taken: each can be switched off to test the others.
+struct settle_steps {
+    bool force_choices = true;    // fix what only one direction can use
+    bool take_majorities = true;  // fix what no other direction can outweigh
+    bool merge_equal_pairs = true;
+};
+
+struct settled_problem {
+    directions decided;           // by choice of the problem given; -1 = contested still, or of no use
+    contested_problem contested;  // its choices are called by their position in the problem given
+    long satisfied_weight = 0;    // of the pairs that the decisions satisfy
+};
+
+// Gates: what is decided beforehand.
+settled_problem settle(contested_problem problem, std::vector<gate_state> gates, const settle_steps& steps = {});
+
+// The parts of a problem that share no choice, in the order of their first choices.
+std::vector<contested_problem> split(const contested_problem& problem);
+
+}  // namespace solver

@@ -1,0 +1,24 @@
+// One pair's network, cut down to what is still undecided about it.
+//
+// Exact by reachability: what a chain of open arcs reaches from the root is the root,
+// what reaches the target by one is the target; an arc into the first, out of the
+// second, through a closed gate or off every chain changes nothing; an open arc that
+// is the only way out of its tail, or the only way into its head, joins the two.
+// Each pass takes time linear in the arcs, and every pass but the last removes one.
+#pragma once
+
+#include "solver/structure/contested_problem.hpp"
+
+namespace solver {
+
+enum class net_fate { undecided, satisfied, lost };
+
+// States are by gate, as the net's arcs name them. An arc whose gate is open becomes
+// open_gate.
+net_fate simplify_net(pair_net& net, const std::vector<gate_state>& gates);
+
+// Numbers nodes 0 .. num_nodes - 1 and orders arcs so that equal networks come out
+// equal, whatever their nodes were called.
+void number_net(pair_net& net);
+
+}  // namespace solver
