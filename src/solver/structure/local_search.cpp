@@ -1,0 +1,136 @@
+#include "solver/structure/local_search.hpp"
+
+#include <cmath>
+#include <random>
+
+namespace solver {
+namespace {
+
+std::size_t at(int index) {
+    return static_cast<std::size_t>(index);
+}
+
+class annealer {
+ public:
+    annealer(shared_state& state, const std::vector<char>& movable, std::uint64_t seed)
+        : state_(state), movable_(movable), random_(seed) {
+        for (std::size_t c = 0; c < movable.size(); ++c) {
+            if (movable[c] != 0) {
+                choices_.push_back(static_cast<int>(c));
+            }
+        }
+    }
+
+    void run(const annealing_plan& plan, long target, const solve_watch& watch) {
+        if (choices_.empty()) {
+            return;
+        }
+        directions best = state_.chosen();
+        long best_weight = state_.weight();
+        const long stages = 200;
+        const double factor = std::pow(plan.last_temperature / plan.first_temperature, 1.0 / (stages - 1));
+        temperature_ = plan.first_temperature;
+        for (long stage = 0; stage < stages && best_weight < target && !watch.stop_requested(); ++stage) {
+            for (long move = 0; move < plan.moves / stages && best_weight < target; ++move) {
+                if ((move & 0xfff) == 0xfff && watch.stop_requested()) {
+                    break;
+                }
+                try_move();
+                if (state_.weight() > best_weight) {
+                    best_weight = state_.weight();
+                    best = state_.chosen();
+                }
+            }
+            temperature_ *= factor;
+        }
+        if (state_.weight() < best_weight) {
+            state_.set(best);
+        }
+    }
+
+ private:
+    int below(std::size_t limit) { return static_cast<int>((static_cast<unsigned __int128>(random_()) * limit) >> 64); }
+
+    void try_move() {
+        const long before = state_.weight();
+        turned_.clear();
+        if (state_.missed().empty() || (random_() & 1) != 0) {
+            turned_.push_back(choices_[at(below(choices_.size()))]);
+            state_.turn(turned_.back());
+        } else {
+            open_chain(state_.missed()[at(below(state_.missed().size()))]);
+        }
+        const long change = state_.weight() - before;
+        if (change < 0 && !accept(static_cast<double>(change))) {
+            for (auto choice = turned_.rbegin(); choice != turned_.rend(); ++choice) {
+                state_.turn(*choice);
+            }
+        }
+    }
+
+    bool accept(double change) {
+        const double draw = static_cast<double>(random_() >> 11) * 0x1.0p-53;
+        return draw < std::exp(change / temperature_);
+    }
+
+    // Turns what blocks one chain from the root, or from what is reached, to the node.
+    void open_chain(int node) {
+        chain_.clear();
+        while (!state_.reached(node)) {
+            const net_arc* arc = entering_arc(node);
+            if (arc == nullptr) {
+                return;  // every way in is shut for good here
+            }
+            if (!state_.is_open(arc->gate)) {
+                chain_.push_back(arc->gate / 2);
+            }
+            node = arc->tail;
+        }
+        for (const int choice : chain_) {
+            state_.turn(choice);
+            turned_.push_back(choice);
+        }
+    }
+
+    // An entering arc at random, those from reached tails before the others.
+    const net_arc* entering_arc(int node) {
+        const net_arc* picked = nullptr;
+        bool picked_reached = false;
+        std::size_t seen = 0;
+        for (const int index : state_.entering(node)) {
+            const net_arc& arc = state_.arc(index);
+            if (!state_.is_open(arc.gate) && movable_[at(arc.gate / 2)] == 0) {
+                continue;
+            }
+            const bool reached = state_.reached(arc.tail);
+            if (picked_reached && !reached) {
+                continue;
+            }
+            if (reached && !picked_reached) {
+                picked_reached = true;
+                seen = 0;
+            }
+            if (below(++seen) == 0) {
+                picked = &arc;
+            }
+        }
+        return picked;
+    }
+
+    shared_state& state_;
+    const std::vector<char>& movable_;
+    std::mt19937_64 random_;
+    std::vector<int> choices_;
+    std::vector<int> chain_;
+    std::vector<int> turned_;
+    double temperature_ = 0.0;
+};
+
+}  // namespace
+
+void anneal(shared_state& state, const std::vector<char>& movable, const annealing_plan& plan, long target,
+            const solve_watch& watch) {
+    annealer(state, movable, plan.seed).run(plan, target, watch);
+}
+
+}  // namespace solver
