@@ -34,9 +34,13 @@ struct solve_watch {
 using back_end_function = solve_answer (*)(const model_record&, const solve_watch&);
 
 // The back end that the build names.
-solve_answer default_back_end(const model_record& record, const solve_watch& watch);
+back_end_function default_back_end();
 
-// HiGHS on the whole record. One thread, a fixed seed.
+// HiGHS on the whole record as it stands. One thread, a fixed seed.
 solve_answer solve_with_highs(const model_record& record, const solve_watch& watch);
+
+// The search that takes a model apart by its structure, with HiGHS for the programs on
+// the way; on a model that does not fit the structure, HiGHS on the whole record.
+solve_answer search_with_highs(const model_record& record, const solve_watch& watch);
 
 }  // namespace solver

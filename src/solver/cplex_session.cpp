@@ -14,7 +14,7 @@ struct session_data {
     std::shared_ptr<model_data> model;
     solve_settings settings;
     std::unordered_map<const variable_data*, double> priorities;
-    back_end_function back_end = default_back_end;
+    back_end_function back_end = default_back_end();
     solve_watch watch;
     solve_answer answer;
     column_index columns;  // of the last solve

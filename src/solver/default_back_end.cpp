@@ -2,8 +2,8 @@
 
 namespace solver {
 
-solve_answer default_back_end(const model_record& record, const solve_watch& watch) {
-    return solve_with_highs(record, watch);
+back_end_function default_back_end() {
+    return search_with_highs;
 }
 
 }  // namespace solver

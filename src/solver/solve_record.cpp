@@ -2,6 +2,12 @@
 
 #include <algorithm>
 #include <cmath>
+#include <optional>
+#include <utility>
+
+#include "solver/structure/neutral_order.hpp"
+#include "solver/structure/reach_values.hpp"
+#include "solver/structure/structured_back_end.hpp"
 
 namespace solver {
 namespace {
@@ -20,6 +26,28 @@ solve_answer failed(const std::string& reason) {
     solve_answer answer;
     answer.status = solve_status::error;
     answer.reason = reason;
+    return answer;
+}
+
+bool has_values(const solve_answer& answer) {
+    return answer.status == solve_status::optimal || answer.status == solve_status::feasible;
+}
+
+// The answer with its values made exact, or what is wrong with it.
+solve_answer believed(const model_record& record, solve_answer answer) {
+    if (!has_values(answer)) {
+        return answer;
+    }
+    double objective = 0.0;
+    const std::string fault = check_values(record, answer.values, objective);
+    if (!fault.empty()) {
+        return failed(fault);
+    }
+    const double shortfall = record.maximize ? answer.objective - objective : objective - answer.objective;
+    if (!(shortfall <= feasibility_tolerance * std::max(1.0, std::abs(answer.objective)))) {
+        return failed("the answer's objective is not the one claimed for it");
+    }
+    answer.objective = objective;
     return answer;
 }
 
@@ -66,21 +94,18 @@ solve_answer solve_record(const model_record& record, back_end_function back_end
         answer.objective = answer.bound = record.objective_constant;
         return answer;
     }
-    solve_answer answer = back_end(record, watch);
-    if (answer.status != solve_status::optimal && answer.status != solve_status::feasible) {
-        return answer;
+    const std::optional<reach_structure> structure = find_reach_structure(record);
+    if (!structure) {
+        return believed(record, back_end(record, watch));
     }
-    double objective = 0.0;
-    const std::string fault = check_values(record, answer.values, objective);
-    if (!fault.empty()) {
-        return failed(fault);
+    if (back_end == search_with_highs) {
+        return believed(record, solve_by_structure(*structure, record.num_columns(), watch));
     }
-    const double claimed = answer.objective;
-    const double shortfall = record.maximize ? claimed - objective : objective - claimed;
-    if (!(shortfall <= feasibility_tolerance * std::max(1.0, std::abs(claimed)))) {
-        return failed("the answer's objective is not the one claimed for it");
+    solve_answer answer = believed(record, solve_in_neutral_order(record, *structure, back_end, watch));
+    if (has_values(answer)) {
+        answer.values = values_of(*structure, directions_of(*structure, answer.values), record.num_columns());
+        answer = believed(record, std::move(answer));
     }
-    answer.objective = objective;
     return answer;
 }
 

@@ -18,6 +18,10 @@ std::string check_values(const model_record& record, std::vector<double>& values
 // Solves with the back end and believes nothing: an answer whose values do not
 // pass check_values, or fall short of the objective claimed for them, becomes
 // status error with the reason. A record without columns is optimal.
+//
+// A model that is seen to be reachability (structure/reach_structure.hpp) is handed to
+// the back end in an order that does not depend on which end of an interaction its
+// file names first, and of the answer only what a reached demand needs is kept.
 solve_answer solve_record(const model_record& record, back_end_function back_end, const solve_watch& watch);
 
 }  // namespace solver

@@ -1,0 +1,110 @@
+#include "solver/structure/branch_and_bound.hpp"
+
+#include <algorithm>
+#include <cmath>
+
+namespace solver {
+namespace {
+
+std::size_t at(int index) {
+    return static_cast<std::size_t>(index);
+}
+
+// Weights are whole, so a relaxed value proves no more than its whole part. The added
+// tolerance can only weaken the bound.
+long whole_bound(double bound) {
+    return static_cast<long>(std::floor(bound + 1e-6));
+}
+
+directions rounded(const double* values, int num_choices) {
+    directions chosen(at(num_choices));
+    for (int c = 0; c < num_choices; ++c) {
+        chosen[at(c)] = values[c] >= 0.5 ? 0 : 1;
+    }
+    return chosen;
+}
+
+void pass_program(const cut_master& master, const highs_handle& highs) {
+    std::vector<HighsInt> starts;
+    std::vector<HighsInt> columns;
+    std::vector<double> values;
+    std::vector<double> row_upper;
+    for (const master_row& row : master.rows()) {
+        starts.push_back(static_cast<HighsInt>(columns.size()));
+        columns.insert(columns.end(), row.columns.begin(), row.columns.end());
+        values.insert(values.end(), row.values.begin(), row.values.end());
+        row_upper.push_back(row.upper);
+    }
+    starts.push_back(static_cast<HighsInt>(columns.size()));
+    const std::vector<double> row_lower(row_upper.size(), -infinity);
+    const std::vector<double> lower(at(master.num_columns()), 0.0);
+    const std::vector<double> upper(at(master.num_columns()), 1.0);
+    std::vector<HighsInt> integrality(at(master.num_columns()), 0);
+    std::fill_n(integrality.begin(), master.num_choices(), 1);
+    Highs_passMip(highs.get(), master.num_columns(), static_cast<HighsInt>(row_upper.size()),
+                  static_cast<HighsInt>(columns.size()), kHighsMatrixFormatRowwise, kHighsObjSenseMaximize,
+                  master.constant(), master.column_weights().data(), lower.data(), upper.data(), row_lower.data(),
+                  row_upper.data(), starts.data(), columns.data(), values.data(), integrality.data());
+}
+
+// The best directions known, as the solver's first incumbent.
+void pass_start(const contested_problem& problem, const cut_master& master, shared_state& state,
+                const directions& chosen, const highs_handle& highs) {
+    state.set(chosen);
+    std::vector<double> values(at(master.num_columns()), 1.0);
+    for (int c = 0; c < master.num_choices(); ++c) {
+        values[at(c)] = chosen[at(c)] == 0 ? 1.0 : 0.0;
+    }
+    for (const int node : state.missed()) {
+        const int column = master.pair_column(problem.shared.nodes[at(node)].pair);
+        if (column >= 0) {
+            values[at(column)] = 0.0;
+        }
+    }
+    Highs_setSolution(highs.get(), values.data(), nullptr, nullptr, nullptr);
+}
+
+}  // namespace
+
+void branch_and_bound(const contested_problem& problem, cut_master& master, shared_state& state, long goal,
+                      long max_nodes, const known_outside& outside, const solve_watch& watch,
+                      contested_answer& answer) {
+    // The solver's own value is that of a relaxation, so reports show what is known here.
+    solve_watch inner = watch;
+    inner.report = [&](const solve_progress& progress) {
+        const double bound = std::min(static_cast<double>(answer.bound), progress.bound);
+        watch.report({"branch and bound", static_cast<double>(outside.weight + answer.weight),
+                      static_cast<double>(outside.bound) + bound});
+    };
+    while (answer.weight < answer.bound && answer.bound >= goal && !watch.stop_requested()) {
+        highs_handle highs(inner);
+        highs.set_option("mip_rel_gap", 0.0);
+        highs.set_option("mip_abs_gap", 1.0 - 1e-6);  // whole weights
+        highs.set_option("mip_max_nodes", static_cast<int>(max_nodes));
+        pass_program(master, highs);
+        pass_start(problem, master, state, answer.chosen, highs);
+        if (Highs_run(highs.get()) == kHighsStatusError) {
+            return;
+        }
+        const bool finished = highs.model_status() == kHighsModelStatusOptimal;
+        if (const double bound = highs.double_info("mip_dual_bound"); std::isfinite(bound)) {
+            answer.bound = std::min(answer.bound, std::max(answer.weight, whole_bound(bound)));
+        }
+        if (highs.int_info("primal_solution_status") != kHighsSolutionStatusFeasible) {
+            return;
+        }
+        std::vector<double> values(at(master.num_columns()));
+        Highs_getSolution(highs.get(), values.data(), nullptr, nullptr, nullptr);
+        state.set(rounded(values.data(), master.num_choices()));
+        if (state.weight() > answer.weight) {
+            answer.weight = state.weight();
+            answer.chosen = state.chosen();
+        }
+        const bool more_cuts = master.add_cuts_broken_by(values, 1e-4) > 0;
+        if (!finished || !more_cuts) {
+            return;
+        }
+    }
+}
+
+}  // namespace solver

@@ -1,0 +1,21 @@
+// Branch and bound over the contested choices, through HiGHS.
+//
+// The program of cut_master with its choices whole and the cuts found so far is a
+// relaxation: its best value bounds the problem's. The directions that it finds are
+// counted for what they really reach; where they fall short, the cuts that they break
+// are added, and it is solved again. Ends when the two meet: there are finitely many
+// cuts. Rounds are bounded by a number of nodes where the caller asks for it.
+#pragma once
+
+#include "solver/structure/contested_search.hpp"
+#include "solver/structure/cut_master.hpp"
+#include "solver/structure/shared_state.hpp"
+
+namespace solver {
+
+// Improves the answer's directions and bound until they meet, the bound falls below
+// goal, or the watch or the limit on nodes ends it. The state is used for counting.
+void branch_and_bound(const contested_problem& problem, cut_master& master, shared_state& state, long goal,
+                      long max_nodes, const known_outside& outside, const solve_watch& watch, contested_answer& answer);
+
+}  // namespace solver
