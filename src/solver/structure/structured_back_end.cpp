@@ -7,8 +7,9 @@
 
 namespace solver {
 
-solve_answer solve_by_structure(const reach_structure& structure, int num_columns, const solve_watch& watch) {
-    const settled_problem reduced = reduce(structure);
+solve_answer solve_by_structure(const reach_structure& structure, int num_columns, const solve_watch& watch,
+                                const settle_steps& steps) {
+    const settled_problem reduced = reduce(structure, steps);
     watch.report({"reduce", static_cast<double>(reduced.satisfied_weight), infinity});
     const contested_answer best =
         search_contested(reduced.contested, 0, {reduced.satisfied_weight, reduced.satisfied_weight}, watch);

@@ -1,0 +1,164 @@
+// The search's parts against plain ways to do the same.
+#include <algorithm>
+#include <random>
+
+#include <gtest/gtest.h>
+
+#include "solver/structure/local_search.hpp"
+#include "solver/structure/random_reach.hpp"
+#include "solver/structure/reduce.hpp"
+#include "solver/structure/separate.hpp"
+#include "solver/structure/shared_state.hpp"
+
+using namespace solver;
+
+namespace {
+
+contested_problem draw_problem(unsigned seed) {
+    reach_plan plan;
+    plan.num_choices = 40;
+    plan.num_groups = 30;
+    plan.nodes_per_group = 6;
+    return reduce(*find_reach_structure(draw_reach_model(seed, plan))).contested;
+}
+
+// Nets of nodes 2 .. num_nodes - 1 in topological order between root and target.
+pair_net draw_net(std::mt19937& random) {
+    pair_net net{6, 1, {}};
+    const int order[] = {net_root, 2, 3, 4, 5, net_target};
+    for (int gate = 0; gate < 12; ++gate) {
+        const auto one = random() % 6;
+        const auto other = random() % 6;
+        if (one != other) {
+            net.arcs.push_back({order[std::min(one, other)], order[std::max(one, other)], gate});
+        }
+    }
+    return net;
+}
+
+// The smallest sum of gates over all ways to part the nodes.
+double least_cut(const pair_net& net, const std::vector<double>& values) {
+    double least = 1e9;
+    for (int side = 0; side < 1 << net.num_nodes; ++side) {
+        if ((side >> net_root & 1) == 0 || (side >> net_target & 1) != 0) {
+            continue;
+        }
+        double sum = 0.0;
+        for (const net_arc& arc : net.arcs) {
+            sum += (side >> arc.tail & 1) != 0 && (side >> arc.head & 1) == 0
+                       ? values[static_cast<std::size_t>(arc.gate)]
+                       : 0.0;
+        }
+        least = std::min(least, sum);
+    }
+    return least;
+}
+
+bool separates(const pair_net& net, const gate_cut& cut) {
+    std::vector<double> values(12, 1.0);
+    for (const int gate : cut) {
+        values[static_cast<std::size_t>(gate)] = 0.0;
+    }
+    return least_cut(net, values) == 0.0;
+}
+
+}  // namespace
+
+TEST(cuts, are_least_and_separate) {
+    std::mt19937 random(7);
+    int found = 0;
+    for (int round = 0; round < 2000; ++round) {
+        const pair_net net = draw_net(random);
+        std::vector<double> values(12);
+        for (double& value : values) {
+            value = static_cast<double>(random() % 5) / 4.0;
+        }
+        const double least = least_cut(net, values);
+        std::vector<gate_cut> cuts;
+        find_cuts(net, values, 1.0, 1e-6, cuts);
+        EXPECT_EQ(cuts.empty(), least >= 1.0);
+        for (const gate_cut& cut : cuts) {
+            double sum = 0.0;
+            for (const int gate : cut) {
+                sum += values[static_cast<std::size_t>(gate)];
+            }
+            EXPECT_NEAR(sum, least, 1e-6);
+            EXPECT_TRUE(separates(net, cut));
+            ++found;
+        }
+        if (least_cut(net, std::vector<double>(12, 1.0)) > 0.0) {
+            cuts.clear();
+            find_bottlenecks(net, cuts);
+            for (int gate = 0; gate < 12; ++gate) {
+                EXPECT_EQ(std::count(cuts.begin(), cuts.end(), gate_cut{gate}), separates(net, {gate}) ? 1 : 0);
+            }
+        }
+    }
+    EXPECT_GT(found, 1000);
+}
+
+TEST(shared_weight, follows_every_turn) {
+    for (unsigned seed = 0; seed < 50; ++seed) {
+        const contested_problem problem = draw_problem(seed);
+        if (problem.choices.empty()) {
+            continue;
+        }
+        std::mt19937 random(seed);
+        shared_state turned(problem);
+        shared_state counted(problem);
+        for (int turn = 0; turn < 200; ++turn) {
+            turned.turn(static_cast<int>(random() % problem.choices.size()));
+            counted.set(turned.chosen());
+            ASSERT_EQ(turned.weight(), counted.weight());
+            std::vector<int> missed = turned.missed();
+            std::vector<int> expected = counted.missed();
+            std::sort(missed.begin(), missed.end());
+            std::sort(expected.begin(), expected.end());
+            ASSERT_EQ(missed, expected);
+        }
+    }
+}
+
+TEST(annealing, keeps_its_best_repeats_itself_and_leaves_fixed_choices_alone) {
+    const contested_problem problem = draw_problem(3);
+    ASSERT_GT(problem.num_choices(), 10);
+    std::vector<char> movable(problem.choices.size(), 1);
+    movable[0] = movable[5] = 0;
+    std::vector<directions> ends;
+    for (int run = 0; run < 2; ++run) {
+        shared_state state(problem);
+        const long start = state.weight();
+        anneal(state, movable, {20000, 1.0, 0.1, 1}, 1L << 40, {});
+        EXPECT_GT(state.weight(), start);
+        EXPECT_EQ(state.chosen()[0], 0);
+        EXPECT_EQ(state.chosen()[5], 0);
+        ends.push_back(state.chosen());
+    }
+    EXPECT_EQ(ends[0], ends[1]);
+}
+
+TEST(splitting, parts_share_nothing_and_lose_nothing) {
+    for (unsigned seed = 0; seed < 100; ++seed) {
+        reach_plan plan;
+        plan.num_choices = 60;
+        plan.num_groups = 12;
+        plan.nodes_per_group = 4;
+        plan.arcs_per_node = 1;
+        const contested_problem problem = reduce(*find_reach_structure(draw_reach_model(seed, plan))).contested;
+        shared_state whole(problem);
+        long weight = 0;
+        long total = 0;
+        std::vector<int> seen(problem.choices.size(), 0);
+        for (const contested_problem& part : split(problem)) {
+            shared_state state(part);
+            weight += state.weight();
+            total += part.total_weight();
+            for (const int choice : part.choices) {
+                ++seen[static_cast<std::size_t>(choice)];
+            }
+        }
+        EXPECT_EQ(weight, whole.weight());
+        EXPECT_EQ(total, problem.total_weight());
+        EXPECT_EQ(std::count(seen.begin(), seen.end(), 1), problem.num_choices());
+    }
+}
