@@ -93,7 +93,7 @@ TEST_F(comparison, hands_settings_and_priorities_to_the_solver) {
     boost::put(shortest_paths_counter_map, *boost::edges(bi_graph).first, 7);
     boost::put(test_map, *--boost::edges(bi_graph).second, 22);
     solve_with({}, 5);
-    EXPECT_EQ(asked.column_priority, (std::vector<double>{7, 0, 1, 2, 0}));
+    EXPECT_EQ(asked.column_priority, (std::vector<double>{7, 0, 1, 2, 0, 0}));  // the last one of solve_with
     EXPECT_EQ(asked.settings.root_algorithm, 3);
     EXPECT_EQ(asked.settings.variable_selection, 3);
     EXPECT_EQ(asked.settings.work_memory, 1280.0);
