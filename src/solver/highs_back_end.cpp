@@ -60,7 +60,8 @@ solve_answer solve_with_highs(const model_record& record, const solve_watch& wat
         answer.values.resize(static_cast<std::size_t>(record.num_columns()));
         Highs_getSolution(highs.get(), answer.values.data(), nullptr, nullptr, nullptr);
         answer.objective = highs.double_info("objective_function_value");
-        answer.bound = highs.double_info("mip_dual_bound");
+        // HiGHS leaves the field at 0 for a linear program.
+        answer.bound = record.has_integral_column() ? highs.double_info("mip_dual_bound") : answer.objective;
     } else if (answer.status == solve_status::optimal) {
         answer.status = solve_status::error;
         answer.reason = "HiGHS calls the model optimal and gives no solution";

@@ -2,6 +2,7 @@
 // checker read. Nothing in it belongs to one solver.
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <limits>
 #include <optional>
@@ -45,6 +46,9 @@ struct model_record {
 
     int num_columns() const { return static_cast<int>(column_lower.size()); }
     int num_rows() const { return static_cast<int>(row_lower.size()); }
+    bool has_integral_column() const {
+        return std::find(column_integral.begin(), column_integral.end(), 1) != column_integral.end();
+    }
 };
 
 }  // namespace solver
