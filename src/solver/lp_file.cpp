@@ -1,3 +1,5 @@
+// The rules here are CPLEX's own, found out from the files that it writes; the
+// tests compare with it byte for byte where its library is at hand.
 #include "solver/lp_file.hpp"
 
 #include <algorithm>
@@ -12,6 +14,7 @@ namespace solver {
 namespace {
 
 constexpr std::size_t line_limit = 79;
+constexpr std::size_t widest_indent = 33;
 
 // What stands for a character that a name may not hold; 0 = the character is legal.
 char legal_substitute(unsigned char character) {
@@ -24,34 +27,67 @@ char legal_substitute(unsigned char character) {
     return found == nullptr ? '\0' : substitute[found - illegal];
 }
 
-std::string number(double value) {
-    char text[32];
-    const auto end = std::to_chars(text, text + sizeof text, value + 0.0).ptr;
-    return std::string(text, end);
+// A name may not begin as a number may; such a one gets a '_' in front, and so
+// does one that begins with a character that is replaced.
+std::string legal_name(const std::string& name) {
+    std::string legal;
+    const char first = name.front();
+    if (std::strchr(".0123456789eE", first) != nullptr || legal_substitute(static_cast<unsigned char>(first)) != '\0') {
+        legal += '_';
+    }
+    for (const char character : name) {
+        const char substitute = legal_substitute(static_cast<unsigned char>(character));
+        legal += substitute == '\0' ? character : substitute;
+    }
+    return legal;
 }
 
-// Gathers the words of one row or section and breaks lines between them.
+// Fifteen significant digits at most, exponents without a leading zero.
+std::string number(double value) {
+    char text[32];
+    if (std::abs(value) < 1e15 && value == std::trunc(value)) {
+        return std::string(text, std::to_chars(text, text + sizeof text, static_cast<long long>(value)).ptr);
+    }
+    std::string digits(text, std::to_chars(text, text + sizeof text, value, std::chars_format::general, 15).ptr);
+    const std::size_t exponent = digits.find('e');
+    if (exponent != std::string::npos && digits[exponent + 2] == '0') {
+        digits.erase(exponent + 2, 1);
+    }
+    return digits;
+}
+
+// How long CPLEX takes a word to be: it counts the bytes that the word would have
+// in UTF-8, read as ISO-8859-1.
+std::size_t length_of(std::string_view word) {
+    const auto beyond_ascii = [](char byte) { return static_cast<unsigned char>(byte) > 0x7f; };
+    return word.size() + static_cast<std::size_t>(std::count_if(word.begin(), word.end(), beyond_ascii));
+}
+
+// Gathers the words of one row or of the objective and breaks lines between them.
 class line_filler {
  public:
     explicit line_filler(std::string& text) : text_(text) {}
 
-    void start(std::string_view label) {
-        text_ += label;
-        length_ = indent_ = label.size();
+    // The label stands at the start of a line, padded to a width.
+    void start(std::string_view label, std::size_t width) {
+        text_.append(" ").append(label).append(":");
+        text_.append(width > label.size() ? width - label.size() : 0, ' ');
+        length_ = std::max(width, label.size()) + 2;
+        indent_ = std::min(length_ + 1, widest_indent);
         first_ = true;
     }
     void add(std::string_view word) {
-        const std::size_t blank = first_ ? 0 : 1;
-        if (!first_ && length_ + blank + word.size() > line_limit) {
+        const std::size_t length = length_of(word);
+        if (length_ + 1 + length > line_limit && length_ >= indent_) {
             text_ += '\n';
             text_.append(indent_, ' ');
             length_ = indent_;
         } else {
-            text_.append(blank, ' ');
-            length_ += blank;
+            text_ += ' ';
+            length_ += 1;
         }
         text_ += word;
-        length_ += word.size();
+        length_ += length;
         first_ = false;
     }
     bool first() const { return first_; }
@@ -64,7 +100,7 @@ class line_filler {
     bool first_ = true;
 };
 
-void add_term(line_filler& line, double coefficient, const std::string& name, std::string& word) {
+void add_term(line_filler& line, double coefficient, std::string_view name, std::string& word) {
     word.clear();
     if (coefficient < 0.0) {
         word += "- ";
@@ -73,38 +109,60 @@ void add_term(line_filler& line, double coefficient, const std::string& name, st
     }
     const double size = std::abs(coefficient);
     if (size != 1.0) {
-        word += number(size) + " ";
+        word.append(number(size)).append(" ");
     }
-    line.add(word += name);
+    line.add(word.append(name));
+}
+
+// Terms with a coefficient, and those columns that would not be named otherwise.
+void add_objective(const model_record& record, const std::vector<std::string>& columns, std::string& text) {
+    std::vector<char> in_row(columns.size(), 0);
+    for (std::size_t t = 0; t < record.row_column.size(); ++t) {
+        if (record.row_value[t] != 0.0) {
+            in_row[static_cast<std::size_t>(record.row_column[t])] = 1;
+        }
+    }
+    line_filler line(text);
+    const std::string name = record.objective_name.empty() ? "obj1" : record.objective_name;
+    line.start(lp_names({name}, '\0').front(), 0);
+    std::string word;
+    for (std::size_t c = 0; c < columns.size(); ++c) {
+        if (record.column_objective[c] != 0.0 || in_row[c] == 0) {
+            add_term(line, record.column_objective[c], columns[c], word);
+        }
+    }
+    if (record.objective_constant != 0.0) {
+        const char* sign = record.objective_constant < 0.0 ? "- " : line.first() ? "" : "+ ";
+        line.add(sign + number(std::abs(record.objective_constant)));
+    }
+    line.end();
+}
+
+std::string right_side(double lower, double upper) {
+    if (lower == upper) {
+        return " = " + number(upper);
+    }
+    return upper < infinity ? "<= " + number(upper) : ">= " + number(lower);
 }
 
 void add_rows(const model_record& record, const std::vector<std::string>& columns, std::string& text,
               std::ostream& out) {
     const std::vector<std::string> rows = lp_names(record.row_names, 'c');
-    std::size_t widest = 0;
+    std::size_t width = 0;
     for (const std::string& row : rows) {
-        widest = std::max(widest, row.size());
+        width = std::max(width, row.size());
     }
+    width = std::min(width, widest_indent - 3);
     line_filler line(text);
-    std::string label;
     std::string word;
     for (std::size_t r = 0; r < rows.size(); ++r) {
-        label.assign(" ").append(rows[r]).append(":");
-        label.append(widest - rows[r].size() + 1, ' ');
-        line.start(label);
+        line.start(rows[r], width);
         for (std::size_t t = record.row_start[r]; t < record.row_start[r + 1]; ++t) {
-            add_term(line, record.row_value[t], columns[static_cast<std::size_t>(record.row_column[t])], word);
+            if (record.row_value[t] != 0.0) {
+                add_term(line, record.row_value[t], columns[static_cast<std::size_t>(record.row_column[t])], word);
+            }
         }
-        if (line.first()) {
-            add_term(line, 0.0, columns.front(), word);
-        }
-        if (record.row_lower[r] == record.row_upper[r]) {
-            line.add("= " + number(record.row_upper[r]));
-        } else if (record.row_upper[r] < infinity) {
-            line.add("<= " + number(record.row_upper[r]));
-        } else {
-            line.add(">= " + number(record.row_lower[r]));
-        }
+        line.add(right_side(record.row_lower[r], record.row_upper[r]));
         line.end();
         if (text.size() > (std::size_t{1} << 20)) {
             out << text;
@@ -114,16 +172,26 @@ void add_rows(const model_record& record, const std::vector<std::string>& column
 }
 
 void add_bounds(const model_record& record, const std::vector<std::string>& columns, std::string& text) {
+    const char* title = "Bounds\n";
     for (std::size_t c = 0; c < columns.size(); ++c) {
         const double lower = record.column_lower[c];
         const double upper = record.column_upper[c];
-        text += ' ';
-        if (lower == -infinity && upper == infinity) {
-            text += columns[c] + " free\n";
+        if (lower == 0.0 && upper == infinity) {
             continue;
         }
-        text += (lower == -infinity ? "-inf" : number(lower)) + " <= " + columns[c];
-        text += upper == infinity ? "\n" : " <= " + number(upper) + "\n";
+        text.append(title);
+        title = "";
+        if (lower == -infinity && upper == infinity) {
+            text.append("      ").append(columns[c]).append(" Free\n");
+        } else if (lower == upper) {
+            text.append("      ").append(columns[c]).append(" = ").append(number(upper)).append("\n");
+        } else if (upper == infinity) {
+            text.append("      ").append(columns[c]).append(" >= ").append(number(lower)).append("\n");
+        } else {
+            text.append(lower < 0.0 && lower > -infinity ? "" : " ")
+                .append(lower == -infinity ? "-Inf" : number(lower));
+            text.append(" <= ").append(columns[c]).append(" <= ").append(number(upper)).append("\n");
+        }
     }
 }
 
@@ -132,14 +200,15 @@ void add_integral_columns(const model_record& record, const std::vector<std::str
                           const char* title, std::string& text) {
     std::size_t length = 0;
     for (std::size_t c = 0; c < columns.size(); ++c) {
-        const bool is_binary = record.column_lower[c] == 0.0 && record.column_upper[c] == 1.0;
+        const bool is_binary = record.column_lower[c] >= 0.0 && record.column_upper[c] <= 1.0;
         if (record.column_integral[c] == 0 || is_binary != binary) {
             continue;
         }
+        const std::size_t name_length = length_of(columns[c]);
         if (length == 0) {
             text.append(title).append("\n ");
             length = 1;
-        } else if (length + 1 + columns[c].size() > line_limit) {
+        } else if (length + 2 + name_length > line_limit) {
             text += "\n ";
             length = 1;
         } else {
@@ -147,7 +216,7 @@ void add_integral_columns(const model_record& record, const std::vector<std::str
             length += 1;
         }
         text.append(columns[c]).append(" ");
-        length += columns[c].size() + 1;
+        length += name_length + 1;
     }
     if (length > 0) {
         text += '\n';
@@ -176,14 +245,9 @@ std::vector<std::string> lp_names(const std::vector<std::string>& names, char pr
             legal[i] = prefix + std::to_string(i + 1);
             continue;
         }
-        tagged = tagged || !seen.insert(names[i]).second || is_default_name(names[i], prefix, names);
-        legal[i] = names[i];
-        for (char& character : legal[i]) {
-            if (const char substitute = legal_substitute(static_cast<unsigned char>(character)); substitute != '\0') {
-                character = substitute;
-                tagged = true;
-            }
-        }
+        legal[i] = legal_name(names[i]);
+        tagged =
+            tagged || legal[i] != names[i] || !seen.insert(names[i]).second || is_default_name(names[i], prefix, names);
     }
     if (tagged) {
         for (std::size_t i = 0; i < legal.size(); ++i) {
@@ -197,33 +261,14 @@ void write_lp(const model_record& record, std::ostream& out) {
     const std::vector<std::string> columns = lp_names(record.column_names, 'x');
     std::string text = "\\ENCODING=ISO-8859-1\n\\Problem name: \n\n";
     text += record.maximize ? "Maximize\n" : "Minimize\n";
-    line_filler line(text);
-    line.start(" " + (record.objective_name.empty() ? "obj" : record.objective_name) + ":");
-    line.end();
-    std::string word;
-    bool any_term = false;
-    for (std::size_t c = 0; c < columns.size(); ++c) {
-        if (record.column_objective[c] == 0.0) {
-            continue;
-        }
-        if (!any_term) {
-            text.pop_back();
-            line.start(" ");
-            any_term = true;
-        }
-        add_term(line, record.column_objective[c], columns[c], word);
-    }
-    if (any_term) {
-        line.end();
-    }
+    add_objective(record, columns, text);
     if (record.num_rows() > 0) {
         text += "Subject To\n";
         add_rows(record, columns, text, out);
-        text += "Bounds\n";
-        add_bounds(record, columns, text);
-        add_integral_columns(record, columns, true, "Binaries", text);
-        add_integral_columns(record, columns, false, "Generals", text);
     }
+    add_bounds(record, columns, text);
+    add_integral_columns(record, columns, true, "Binaries", text);
+    add_integral_columns(record, columns, false, "Generals", text);
     text += "End\n";
     out << text;
 }
