@@ -1,0 +1,30 @@
+// The back ends that every test of a back end runs against.
+#pragma once
+
+#include <ostream>
+#include <string>
+
+#include <gtest/gtest.h>
+
+#include "solver/back_end.hpp"
+
+struct named_back_end {
+    const char* name;
+    solver::back_end_function solve;
+};
+inline void PrintTo(const named_back_end& back_end, std::ostream* out) {
+    *out << back_end.name;
+}
+
+// CPLEX by the library that the tests are built with; "" = there is none.
+inline const std::string test_cplex_library = TEST_CPLEX_LIBRARY;
+inline solver::solve_answer solve_with_test_cplex(const solver::model_record& record,
+                                                  const solver::solve_watch& watch) {
+    return solver::solve_with_cplex_at(test_cplex_library, record, watch);
+}
+
+#define SKIP_WITHOUT_CPLEX() \
+    if (test_cplex_library.empty()) GTEST_SKIP() << "left out: no CPLEX library (NETORIENT_TEST_CPLEX_LIBRARY)"
+
+inline const named_back_end every_back_end[] = {
+    {"highs", solver::solve_with_highs}, {"search", solver::search_with_highs}, {"cplex", solve_with_test_cplex}};

@@ -1,0 +1,213 @@
+// The LP file: a few to the letter, and many against the file that CPLEX writes.
+#include <dlfcn.h>
+
+#include <algorithm>
+#include <fstream>
+#include <sstream>
+
+#include "back_ends.hpp"
+#include "driver/run.hpp"
+#include "input/read_data.hpp"
+#include "orientation/prepare_ilp.hpp"
+#include "solver/cplex_problem.hpp"
+#include "solver/lp_file.hpp"
+#include "test_models.hpp"
+
+using namespace solver;
+
+namespace {
+
+std::string contents(const std::string& path) {
+    std::ostringstream text;
+    text << std::ifstream(path, std::ios::binary).rdbuf();
+    return text.str();
+}
+
+// From the line "Maximize" or "Minimize" on.
+std::string our_text(const model_record& record) {
+    std::ostringstream text;
+    write_lp(record, text);
+    return text.str().substr(text.str().find("\nM"));
+}
+
+// What CPLEX itself writes for the same rows, columns and names.
+std::string cplex_text(const model_record& record) {
+    const cplex::loaded_problem loaded(test_cplex_library, record);
+    void* handle = dlopen(test_cplex_library.c_str(), RTLD_NOW | RTLD_LOCAL);
+    const auto set_names = [&](const char* call, const std::vector<std::string>& names) {
+        using function = int(const cplex::environment*, cplex::problem*, int count, const int*, char** names);
+        for (int i = 0; i < static_cast<int>(names.size()); ++i) {
+            std::string name = names[static_cast<std::size_t>(i)];
+            char* text = name.data();
+            if (!name.empty()) {
+                loaded.require(reinterpret_cast<function*>(dlsym(handle, call))(loaded.env, loaded.lp, 1, &i, &text));
+            }
+        }
+    };
+    set_names("CPXchgcolname", record.column_names);
+    set_names("CPXchgrowname", record.row_names);
+    if (!record.objective_name.empty()) {
+        using function = int(const cplex::environment*, cplex::problem*, const char* name);
+        auto* copy_name = reinterpret_cast<function*>(dlsym(handle, "CPXcopyobjname"));
+        loaded.require(copy_name(loaded.env, loaded.lp, record.objective_name.c_str()));
+    }
+    using function = int(const cplex::environment*, const cplex::problem*, const char* path, const char* type);
+    const std::string path = testing::TempDir() + "netorient_by_cplex.lp";
+    loaded.require(
+        reinterpret_cast<function*>(dlsym(handle, "CPXwriteprob"))(loaded.env, loaded.lp, path.c_str(), "LP"));
+    const std::string text = contents(path);
+    return text.substr(text.find("\nM"));
+}
+
+// Each row over one column less than the last, and names for all.
+model_record named(const std::vector<std::string>& column_names, const std::vector<std::string>& row_names) {
+    std::vector<column> columns;
+    std::vector<row> rows;
+    columns.reserve(column_names.size());
+    for (std::size_t c = 0; c < column_names.size(); ++c) {
+        columns.push_back({c % 3 == 1 ? 1.0 : 0.0, 0, 1, c % 2 == 0});
+    }
+    for (std::size_t r = 0; r < row_names.size(); ++r) {
+        rows.push_back({-infinity, std::vector<double>(column_names.size(), r % 2 == 0 ? 1 : -1), 1});
+        std::fill_n(rows.back().coefficients.begin(), std::min(r, column_names.size()), 0);
+    }
+    model_record record = record_of(columns, rows);
+    record.column_names = column_names;
+    record.row_names = row_names;
+    record.objective_name = "obj";
+    return record;
+}
+
+std::vector<model_record> hand_made_cases() {
+    std::vector<model_record> cases{
+        named({"a", "b", "c"}, {"keep", ""}),               // nothing to tag
+        named({"a", "b", "c"}, {"keep", "", "keep"}),       // rows repeat
+        named({"o_A_B", "o_B_A", ""}, {"c2", ""}),          // a default name taken
+        named({"x3", "", "x2"}, {"c9", ""}),                // others' default names, and x2 twice
+        named({"o_A-1_B", "o_B_A-1", ""}, {"", ""}),        // an illegal name
+        named({"a b\\c*d+e-f/g:h<i=j>k[l]m^n|o"}, {""}),    // every illegal character
+        named({"1a", ".b", "e3", "Eve", "-f", "g"}, {""}),  // beginnings of numbers
+        named({"!\"#$%&(),.;?@_{}~'`", "\xe9"}, {""}),      // legal ones
+        named({"caf\xc3\xa9", "o_\xce\xb2-cat"}, {""}),     // bytes beyond ASCII
+        named({"a", "b"}, {std::string(29, 'r'), ""}),      // labels up to and
+        named({"a", "b"}, {std::string(31, 'r'), ""}),      // beyond the widest indent
+        named({std::string(76, 'a'), std::string(77, 'b'), std::string(200, 'c')}, {"", ""}),
+        named({"a"}, {"", "no terms"}),
+        named({"a", "b", "c"}, {}),
+        named({}, {}),
+    };
+    cases.back().objective_name.clear();
+    for (std::size_t length = 1; length <= 9; ++length) {  // lines of 79 characters, of one less and of one more
+        std::vector<std::string> names(90, std::string(length, 'n'));
+        for (std::size_t c = 0; c < names.size(); ++c) {
+            names[c] += std::to_string(c);
+        }
+        cases.push_back(named(names, {"", "row", ""}));
+    }
+    cases.push_back(record_of(
+        {{0, 0, 1, false},
+         {0.5, -infinity, infinity, false},
+         {-1, -infinity, 4, false},
+         {1e16, 2, infinity, false},
+         {0, 0, infinity, false},
+         {0, -3, 0.25, false},
+         {0, 1, 1},
+         {0, -1, 7}},
+        {{-infinity, {123456.125, -1e7, 1}, -7}, {2, {0, 0, 1, 1, 2.5, -1, 1, 1}, infinity}, {-3.5, {0, 1}, -3.5}}));
+    cases.back().objective_constant = -7.5;
+    cases.back().maximize = false;
+    return cases;
+}
+
+}  // namespace
+
+TEST(lp_file, is_written_to_the_letter) {
+    const IloEnv environment;
+    const IloModel model(environment);
+    const IloObjective total(environment, 0.0, IloObjective::Maximize, "obj");
+    const IloNumVar ab(environment, 0.0, 1.0, IloNumVar::Bool, "o_A_B");
+    const IloNumVar ba(environment, 0.0, 1.0, IloNumVar::Bool, "o_B_A");
+    for (int i = 0; i < 2; ++i) {
+        const IloConstraint keep = ab + ba <= 1.0;
+        keep.setName("keep");
+        model.add(keep);
+    }
+    IloExpr flows(environment);
+    for (int i = 0; i < 14; ++i) {
+        flows += IloNumVar(environment, 0.0, infinity, IloNumVar::Float);
+    }
+    const IloNumVar pair(total(), 0.0, 1.0, IloNumVar::Float, "s_A_B");
+    model.add(IloExpr(pair) <= flows);
+    model.add(2 * ab <= IloExpr(ba));
+    model.add(total);
+    EXPECT_EQ(our_text(IloCplex(model).record()), R"(
+Maximize
+ obj: s_A_B
+Subject To
+ keep#0: o_A_B + o_B_A <= 1
+ keep#1: o_A_B + o_B_A <= 1
+ c3#2:   s_A_B - x4 - x5 - x6 - x7 - x8 - x9 - x10 - x11 - x12 - x13 - x14
+         - x15 - x16 - x17 <= 0
+ c4#3:   2 o_A_B - o_B_A <= 0
+Bounds
+ 0 <= o_A_B <= 1
+ 0 <= o_B_A <= 1
+ 0 <= s_A_B <= 1
+Binaries
+ o_A_B  o_B_A 
+End
+)");
+}
+
+TEST(lp_file, tags_and_replaces_names) {
+    using names = std::vector<std::string>;
+    EXPECT_EQ(lp_names({"a", "", "b"}, 'x'), (names{"a", "x2", "b"}));
+    EXPECT_EQ(lp_names({"a", "", "a"}, 'x'), (names{"a#0", "x2#1", "a#2"}));
+    EXPECT_EQ(lp_names({"x2", ""}, 'x'), (names{"x2#0", "x2#1"}));
+    EXPECT_EQ(lp_names({"x3", "x01", "x"}, 'x'), (names{"x3", "x01", "x"}));
+    EXPECT_EQ(lp_names({"a\tb\x7f", "e1", "-"}, 'x'), (names{"a_b_#0", "_e1#1", "_m#2"}));
+}
+
+TEST(lp_file, goes_where_it_can_be_written) {
+    const IloCplex cplex{IloModel(env)};
+    EXPECT_NO_THROW(cplex.exportModel("/nowhere/at/all/shortest.lp"));
+    EXPECT_FALSE(write_lp_file(cplex.record(), "/nowhere/at/all/shortest.lp"));
+    const std::string path = testing::TempDir() + "netorient_empty.lp";
+    cplex.exportModel(path.c_str());
+    EXPECT_EQ(contents(path), "\\ENCODING=ISO-8859-1\n\\Problem name: \n\nMaximize\n obj1:\nEnd\n");
+}
+
+TEST(lp_file, equals_the_one_that_cplex_writes) {
+    SKIP_WITHOUT_CPLEX();
+    std::vector<model_record> records = hand_made_cases();
+    for (unsigned seed = 0; seed < 100; ++seed) {
+        records.push_back(random_record(seed));
+    }
+    for (std::size_t i = 0; i < records.size(); ++i) {
+        ASSERT_EQ(our_text(records[i]), cplex_text(records[i])) << "case " << i;
+    }
+}
+
+// The example's model, by the program's own phases.
+TEST(lp_file, equals_the_one_that_cplex_writes_for_the_example) {
+    SKIP_WITHOUT_CPLEX();
+    std::string folder = EXAMPLE_FOLDER;
+    char* argv[] = {nullptr, folder.data(), nullptr};
+    const IloModel model(env);
+    name_objective();
+    read_data(argv, model);
+    std::vector<vertex_descriptor> copies;
+    prepare_ilp(model, true, copy_network(copies));
+    IloCplex cplex(model);
+    const std::string path = testing::TempDir() + "netorient_example.lp";
+    cplex.exportModel(path.c_str());
+    EXPECT_EQ(contents(path).substr(contents(path).find("\nM")), cplex_text(cplex.record()));
+    EXPECT_GT(cplex.record().num_rows(), 100);
+
+    ASSERT_TRUE(cplex.solve());
+    const double by_default = cplex.getObjValue();
+    cplex.use_back_end(solve_with_test_cplex);
+    ASSERT_TRUE(cplex.solve()) << cplex.failure_reason();
+    EXPECT_EQ(cplex.getStatus(), IloCplex::Optimal);
+    EXPECT_EQ(cplex.getObjValue(), by_default);
+}
