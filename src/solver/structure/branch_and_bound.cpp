@@ -29,7 +29,7 @@ void pass_program(const cut_master& master, const highs_handle& highs) {
     std::vector<HighsInt> columns;
     std::vector<double> values;
     std::vector<double> row_upper;
-    for (const master_row& row : master.rows()) {
+    for (const program_row& row : master.program().rows()) {
         starts.push_back(static_cast<HighsInt>(columns.size()));
         columns.insert(columns.end(), row.columns.begin(), row.columns.end());
         values.insert(values.end(), row.values.begin(), row.values.end());
@@ -37,21 +37,21 @@ void pass_program(const cut_master& master, const highs_handle& highs) {
     }
     starts.push_back(static_cast<HighsInt>(columns.size()));
     const std::vector<double> row_lower(row_upper.size(), -infinity);
-    const std::vector<double> lower(at(master.num_columns()), 0.0);
-    const std::vector<double> upper(at(master.num_columns()), 1.0);
-    std::vector<HighsInt> integrality(at(master.num_columns()), 0);
+    const std::vector<double> lower(at(master.program().num_columns()), 0.0);
+    const std::vector<double> upper(at(master.program().num_columns()), 1.0);
+    std::vector<HighsInt> integrality(at(master.program().num_columns()), 0);
     std::fill_n(integrality.begin(), master.num_choices(), 1);
-    Highs_passMip(highs.get(), master.num_columns(), static_cast<HighsInt>(row_upper.size()),
+    Highs_passMip(highs.get(), master.program().num_columns(), static_cast<HighsInt>(row_upper.size()),
                   static_cast<HighsInt>(columns.size()), kHighsMatrixFormatRowwise, kHighsObjSenseMaximize,
-                  master.constant(), master.column_weights().data(), lower.data(), upper.data(), row_lower.data(),
-                  row_upper.data(), starts.data(), columns.data(), values.data(), integrality.data());
+                  master.program().constant(), master.program().weights().data(), lower.data(), upper.data(),
+                  row_lower.data(), row_upper.data(), starts.data(), columns.data(), values.data(), integrality.data());
 }
 
 // The best directions known, as the solver's first incumbent.
 void pass_start(const contested_problem& problem, const cut_master& master, shared_state& state,
                 const directions& chosen, const highs_handle& highs) {
     state.set(chosen);
-    std::vector<double> values(at(master.num_columns()), 1.0);
+    std::vector<double> values(at(master.program().num_columns()), 1.0);
     for (int c = 0; c < master.num_choices(); ++c) {
         values[at(c)] = chosen[at(c)] == 0 ? 1.0 : 0.0;
     }
@@ -93,7 +93,7 @@ void branch_and_bound(const contested_problem& problem, cut_master& master, shar
         if (highs.int_info("primal_solution_status") != kHighsSolutionStatusFeasible) {
             return;
         }
-        std::vector<double> values(at(master.num_columns()));
+        std::vector<double> values(at(master.program().num_columns()));
         Highs_getSolution(highs.get(), values.data(), nullptr, nullptr, nullptr);
         state.set(rounded(values.data(), master.num_choices()));
         if (state.weight() > answer.weight) {

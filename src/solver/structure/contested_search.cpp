@@ -69,7 +69,7 @@ class part_search {
                 return;
             }
             answer_.bound =
-                std::min(answer_.bound, static_cast<long>(std::floor(master_.proven_bound() + whole_tolerance)));
+                std::min(answer_.bound, static_cast<long>(std::floor(master_.program().bound() + whole_tolerance)));
             round();
             report("cuts");
         } while (!done() && master_.add_broken_cuts(cut_tolerance) > 0);
@@ -111,8 +111,8 @@ class part_search {
         std::vector<gate_state> gates(2 * problem_.choices.size(), gate_state::contested);
         int fixed = 0;
         for (int c = 0; c < problem_.num_choices(); ++c) {
-            const double preference = master_.preference(c);
-            if (master_.last_bound() - std::abs(preference) + whole_tolerance <
+            const double preference = master_.program().preference(c);
+            if (master_.program().bound() - std::abs(preference) + whole_tolerance <
                 static_cast<double>(answer_.weight + 1)) {
                 open_and_close(gates, preference > 0.0 ? 2 * c : 2 * c + 1);
                 ++fixed;

@@ -103,7 +103,7 @@ TEST(structured_search, never_proves_a_bound_below_the_optimum) {
         cut_master master(left.contested, watch);
         do {
             ASSERT_TRUE(master.solve());
-            ASSERT_GE(master.last_bound(), best - 1e-9);
+            ASSERT_GE(master.program().bound(), best - 1e-9);
         } while (master.add_broken_cuts(1e-6) > 0);
     }
 }

@@ -1,0 +1,101 @@
+#include "solver/structure/row_program.hpp"
+
+#include <algorithm>
+#include <utility>
+
+namespace solver {
+namespace {
+
+std::size_t at(int index) {
+    return static_cast<std::size_t>(index);
+}
+
+}  // namespace
+
+row_program::row_program(std::vector<double> weights, double constant, const solve_watch& watch)
+    : highs_(watch), weights_(std::move(weights)), constant_(constant) {
+    // Minimised, so that a row's dual has one sign whatever the solver's convention.
+    std::vector<double> costs(weights_.size());
+    std::transform(weights_.begin(), weights_.end(), costs.begin(), [](double weight) { return -weight; });
+    const std::vector<double> lower(weights_.size(), 0.0);
+    const std::vector<double> upper(weights_.size(), 1.0);
+    Highs_addCols(highs_.get(), num_columns(), costs.data(), lower.data(), upper.data(), 0, nullptr, nullptr, nullptr);
+}
+
+void row_program::add_row(program_row row) {
+    rows_.push_back(std::move(row));
+}
+
+void row_program::remove_rows(const std::vector<char>& gone) {
+    pass_new_rows();
+    std::vector<HighsInt> mask(gone.begin(), gone.end());
+    Highs_deleteRowsByMask(highs_.get(), mask.data());
+    std::size_t kept = 0;
+    for (std::size_t r = 0; r < rows_.size(); ++r) {
+        if (gone[r] == 0) {
+            std::swap(rows_[kept++], rows_[r]);
+        }
+    }
+    rows_.resize(kept);
+    rows_passed_ = kept;
+}
+
+void row_program::pass_new_rows() {
+    std::vector<HighsInt> starts;
+    std::vector<HighsInt> columns;
+    std::vector<double> values;
+    std::vector<double> upper;
+    for (; rows_passed_ < rows_.size(); ++rows_passed_) {
+        const program_row& row = rows_[rows_passed_];
+        starts.push_back(static_cast<HighsInt>(columns.size()));
+        columns.insert(columns.end(), row.columns.begin(), row.columns.end());
+        values.insert(values.end(), row.values.begin(), row.values.end());
+        upper.push_back(row.upper);
+    }
+    const std::vector<double> lower(upper.size(), -infinity);
+    if (!starts.empty()) {
+        Highs_addRows(highs_.get(), static_cast<HighsInt>(starts.size()), lower.data(), upper.data(),
+                      static_cast<HighsInt>(columns.size()), starts.data(), columns.data(), values.data());
+    }
+}
+
+bool row_program::solve() {
+    pass_new_rows();
+    if (Highs_run(highs_.get()) == kHighsStatusError) {
+        return false;
+    }
+    const HighsInt status = highs_.model_status();
+    if (status != kHighsModelStatusOptimal && status != kHighsModelStatusUnknown &&
+        status != kHighsModelStatusIterationLimit) {
+        return false;
+    }
+    // Any duals prove a bound, those of an unfinished solve too.
+    values_.resize(weights_.size());
+    std::vector<double> duals(rows_.size());
+    Highs_getSolution(highs_.get(), values_.data(), nullptr, nullptr, duals.data());
+    prove_bound(duals);
+    return true;
+}
+
+// Rows count their right side, columns the best that 0 and 1 leave of their weight.
+void row_program::prove_bound(const std::vector<double>& duals) {
+    bound_ = constant_;
+    reduced_ = weights_;
+    multipliers_.assign(rows_.size(), 0.0);
+    for (std::size_t r = 0; r < rows_.size(); ++r) {
+        const double multiplier = std::max(0.0, -duals[r]);
+        if (multiplier == 0.0) {
+            continue;
+        }
+        multipliers_[r] = multiplier;
+        bound_ += multiplier * rows_[r].upper;
+        for (std::size_t t = 0; t < rows_[r].columns.size(); ++t) {
+            reduced_[at(rows_[r].columns[t])] -= multiplier * rows_[r].values[t];
+        }
+    }
+    for (const double weight : reduced_) {
+        bound_ += std::max(0.0, weight);
+    }
+}
+
+}  // namespace solver

@@ -1,0 +1,63 @@
+// A linear program over variables in [0, 1] that grows by rows, and a bound on it that
+// can be believed: maximise the weights subject to sums <= their right sides.
+#pragma once
+
+#include <vector>
+
+#include "solver/highs_handle.hpp"
+
+namespace solver {
+
+// sum of value * column <= upper
+struct program_row {
+    std::vector<int> columns;
+    std::vector<double> values;
+    double upper = 0.0;
+};
+
+class row_program {
+ public:
+    // A constant is added to every objective and bound. The watch must outlive this.
+    row_program(std::vector<double> weights, double constant, const solve_watch& watch);
+
+    void add_row(program_row row);
+    // Takes out the rows for which gone is set; their number must be num_rows().
+    void remove_rows(const std::vector<char>& gone);
+
+    // False when stopped or failed; then everything below is of the solve before.
+    bool solve();
+
+    const std::vector<double>& values() const { return values_; }
+    double value(int column) const { return values_[static_cast<std::size_t>(column)]; }
+
+    // No values in [0, 1] that keep the rows weigh more: recomputed from the duals of the
+    // last solve, clipped to their signs, so that no tolerance of the solver enters.
+    double bound() const { return bound_; }
+    // By how much, at least, that bound falls when a column leaves the end of [0, 1] that
+    // it prefers: positive for 1.
+    double preference(int column) const { return reduced_[static_cast<std::size_t>(column)]; }
+    const std::vector<double>& multipliers() const { return multipliers_; }
+
+    const std::vector<program_row>& rows() const { return rows_; }
+    const std::vector<double>& weights() const { return weights_; }
+    double constant() const { return constant_; }
+    int num_columns() const { return static_cast<int>(weights_.size()); }
+    int num_rows() const { return static_cast<int>(rows_.size()); }
+    const highs_handle& highs() const { return highs_; }
+
+ private:
+    void pass_new_rows();
+    void prove_bound(const std::vector<double>& duals);
+
+    highs_handle highs_;
+    std::vector<double> weights_;
+    double constant_;
+    std::vector<program_row> rows_;
+    std::size_t rows_passed_ = 0;
+    std::vector<double> values_;
+    std::vector<double> multipliers_;  // by row
+    std::vector<double> reduced_;      // by column: weight less what the rows charge
+    double bound_ = infinity;
+};
+
+}  // namespace solver
