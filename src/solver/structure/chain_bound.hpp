@@ -1,26 +1,69 @@
 // A tighter bound where the program of cut_master stays far above what is reached.
 //
 // With all choices at one half, two parallel chains already count as a satisfied pair.
-// So besides z per choice and y per pair there is a variable t per two consecutive
-// arcs of a network: t <= x and t <= x' for their gates. A pair's cuts are minimum cuts
-// over its arcs and over the transitions between them. Two transitions exclude each
-// other when they need the two directions of one choice; three that do so pairwise, in
-// a cycle x' -> y -> z -> x' of "t needs not-x and y", are at most one (the triangle
-// inequalities of the boolean quadric polytope, Padberg 1989, in terms of products).
+// So beside z per choice and y per pair there is a variable t per two consecutive arcs
+// of a network: t <= x and t <= x' for their gates. A pair's cuts are minimum cuts over
+// its arcs and over the transitions between them. Two transitions exclude each other
+// when they need the two directions of one choice; three that do so pairwise are at
+// most one (for products of 0-1 variables these are the triangle inequalities of the
+// boolean quadric polytope, Padberg 1989); more follows from the hull of all directions
+// of a few choices (hull_cuts.hpp).
 //
-// Every row holds for every choice of directions, so any multipliers prove a bound;
-// rows are found in rounds, and the program solved by HiGHS's first-order method to a
-// loose tolerance, which the bound recomputed from clipped duals (row_program.hpp)
-// does not inherit. Bounded by rounds that no longer pay.
+// Every row holds for whole choices, so any multipliers prove a bound. Rows are found
+// in rounds. The program is solved by a first-order method to a loose tolerance, which
+// the bound, recomputed from clipped duals (row_program.hpp), does not inherit.
 #pragma once
 
-#include "solver/highs_handle.hpp"
-#include "solver/structure/contested_problem.hpp"
+#include <vector>
+
+#include "solver/structure/cut_master.hpp"
 
 namespace solver {
 
-struct chain_bound_plan {
-    int max_rounds = 1000;
+class chain_bound {
+ public:
+    chain_bound(const contested_problem& problem, const solve_watch& watch);
+
+    // One round: solves, and adds the rows that the values break. False when stopped, or
+    // when nothing is broken. The first rounds leave out the cuts from hulls, which cost
+    // most and gain little while others gain much.
+    bool improve();
+
+    // The best bound so far.
+    double bound() const { return bound_; }
+    double choice_value(int choice) const { return program_.value(choice); }
+    const row_program& program() const { return program_; }
+
+ private:
+    struct transition {
+        int first_gate;
+        int second_gate;
+    };
+    // What each pair's network becomes when its arcs are nodes; gates beyond those of the
+    // choices are transitions.
+    struct layout {
+        pair_layout pairs;
+        std::vector<pair_net> nets;
+        std::vector<transition> transitions;
+    };
+    static layout lay_out(const contested_problem& problem);
+    chain_bound(const contested_problem& problem, layout made, const solve_watch& watch);
+
+    void add_cut(int pair, const gate_cut& cut);
+    int add_cuts(const std::vector<double>& gate_values);
+    int add_triangles();
+    int add_hull_cuts();
+    int transition_column(int index) const { return first_transition_ + index; }
+
+    const solve_watch& watch_;
+    const int num_gates_;
+    std::vector<int> pair_columns_;
+    std::vector<pair_net> nets_;
+    std::vector<transition> transitions_;
+    int first_transition_;  // column
+    row_program program_;
+    double bound_ = infinity;
+    int rounds_ = 0;
 };
 
 }  // namespace solver

@@ -2,8 +2,10 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdint>
 
 #include "solver/structure/branch_and_bound.hpp"
+#include "solver/structure/chain_bound.hpp"
 #include "solver/structure/cut_master.hpp"
 #include "solver/structure/local_search.hpp"
 #include "solver/structure/settle.hpp"
@@ -13,7 +15,15 @@ namespace {
 
 constexpr double whole_tolerance = 1e-6;  // of a value of the linear program
 constexpr double cut_tolerance = 1e-4;
-constexpr long no_node_limit = 1L << 30;
+constexpr long first_nodes = 1000;
+
+// A problem of this size whose program is this fractional is not closed by plain cuts.
+constexpr int hard_choices = 500;
+constexpr double hard_share = 0.25;
+
+// The tighter bound has come to rest when it moves by less than this share, so often.
+constexpr double resting_share = 5e-5;
+constexpr int resting_rounds = 3;
 
 std::size_t at(int index) {
     return static_cast<std::size_t>(index);
@@ -28,21 +38,28 @@ class part_search {
           watch_(watch),
           state_(problem),
           master_(problem, watch),
-          movable_(problem.choices.size(), 1) {}
+          every_choice_(problem.choices.size(), 1) {}
 
     contested_answer run() {
         answer_.bound = problem_.total_weight();
         answer_.chosen = state_.chosen();
         answer_.weight = state_.weight();
-        cut_rounds();
-        if (!done()) {
+        const bool is_hard = cut_rounds();
+        if (!done() && !is_hard) {
             anneal_fractional();
         }
-        if (!done()) {
-            close_on_smaller_problem();
+        if (!done() && !is_hard) {
+            close_on_smaller_problem(master_.program());
+        }
+        if (!done() && !is_hard) {
+            branch(first_nodes);
         }
         if (!done()) {
-            branch_and_bound(problem_, master_, state_, goal_, no_node_limit, outside_, watch_, answer_);
+            tighten();
+        }
+        for (long nodes = first_nodes; !done(); nodes *= 2) {
+            branch(nodes);
+            anneal_all();
         }
         return answer_;
     }
@@ -57,63 +74,122 @@ class part_search {
         }
     }
 
+    void lower_bound_to(double proven) {
+        answer_.bound = std::min(answer_.bound, static_cast<long>(std::floor(proven + whole_tolerance)));
+    }
+
     void report(const char* stage) const {
         watch_.report({stage, static_cast<double>(outside_.weight + answer_.weight),
                        static_cast<double>(outside_.bound + answer_.bound)});
     }
 
-    // Solves, rounds and cuts until no cut is broken.
-    void cut_rounds() {
-        do {
+    // Solves, rounds and cuts until no cut is broken, or until it shows that this program
+    // will not come near: then true.
+    bool cut_rounds() {
+        for (int round = 0;; ++round) {
             if (!master_.solve()) {
-                return;
+                return false;
             }
-            answer_.bound =
-                std::min(answer_.bound, static_cast<long>(std::floor(master_.program().bound() + whole_tolerance)));
-            round();
+            lower_bound_to(master_.program().bound());
+            try_rounding(master_.program());
             report("cuts");
-        } while (!done() && master_.add_broken_cuts(cut_tolerance) > 0);
+            if (!done() && round > 0 && problem_.num_choices() >= hard_choices &&
+                static_cast<double>(fractional_choices()) > hard_share * problem_.num_choices()) {
+                return true;
+            }
+            if (done() || master_.add_broken_cuts(cut_tolerance) == 0) {
+                return false;
+            }
+        }
     }
 
-    void round() {
+    bool is_fractional(int choice) const {
+        const double value = master_.choice_value(choice);
+        return value > whole_tolerance && value < 1.0 - whole_tolerance;
+    }
+
+    long fractional_choices() const {
+        long count = 0;
+        for (int c = 0; c < problem_.num_choices(); ++c) {
+            count += is_fractional(c) ? 1 : 0;
+        }
+        return count;
+    }
+
+    void try_rounding(const row_program& program) {
         directions chosen(problem_.choices.size());
         for (int c = 0; c < problem_.num_choices(); ++c) {
-            chosen[at(c)] = master_.choice_value(c) >= 0.5 ? 0 : 1;
+            chosen[at(c)] = program.value(c) >= 0.5 ? 0 : 1;
         }
         state_.set(chosen);
         keep_if_better();
     }
 
+    // From where the state stands; every run has a seed of its own.
+    void anneal_choices(const std::vector<char>& movable, long moves, double first_temperature) {
+        anneal(state_, movable, {moves, first_temperature, 0.1, ++seed_}, answer_.bound, watch_);
+        keep_if_better();
+        report("local search");
+    }
+
+    void anneal_all() { anneal_choices(every_choice_, 500L * problem_.num_choices(), 0.5); }
+
     void anneal_fractional() {
-        long fractional = 0;
         std::vector<char> movable(problem_.choices.size());
         for (int c = 0; c < problem_.num_choices(); ++c) {
-            const double value = master_.choice_value(c);
-            movable[at(c)] = value > whole_tolerance && value < 1.0 - whole_tolerance ? 1 : 0;
-            fractional += movable[at(c)];
+            movable[at(c)] = is_fractional(c) ? 1 : 0;
         }
-        round();
-        for (std::uint64_t seed = 1; seed <= 4 && !done(); ++seed) {
-            anneal(state_, movable, {500 * fractional, 0.5, 0.1, seed}, answer_.bound, watch_);
-            keep_if_better();
-            report("local search");
+        try_rounding(master_.program());
+        for (int run = 0; run < 4 && !done(); ++run) {
+            anneal_choices(movable, 500 * fractional_choices(), 0.5);
         }
-        state_.set(answer_.chosen);
         if (!done()) {
-            anneal(state_, movable_, {20L * problem_.num_choices(), 0.2, 0.1, 1}, answer_.bound, watch_);
-            keep_if_better();
-            report("local search");
+            state_.set(answer_.chosen);
+            anneal_choices(every_choice_, 20L * problem_.num_choices(), 0.2);
+        }
+    }
+
+    void branch(long max_nodes) {
+        branch_and_bound(problem_, master_, state_, goal_, max_nodes, outside_, watch_, answer_);
+    }
+
+    // Bounds by the tighter program, and anneals in between, until the bound rests.
+    void tighten() {
+        anneal_all();
+        if (done()) {
+            return;
+        }
+        chain_bound chains(problem_, watch_);
+        int rests = 0;
+        for (int round = 1; rests < resting_rounds; ++round) {
+            const double before = chains.bound();
+            const bool has_more = chains.improve();
+            if (chains.bound() == infinity) {
+                return;
+            }
+            lower_bound_to(chains.bound());
+            try_rounding(chains.program());
+            report("tighter cuts");
+            if (done() || !has_more) {
+                break;
+            }
+            rests = before - chains.bound() < resting_share * chains.bound() ? rests + 1 : 0;
+            if (round % 3 == 0) {
+                anneal_all();
+            }
+        }
+        if (!done()) {
+            close_on_smaller_problem(chains.program());
         }
     }
 
     // Fixes what every better answer has in common, and searches the rest.
-    void close_on_smaller_problem() {
+    void close_on_smaller_problem(const row_program& program) {
         std::vector<gate_state> gates(2 * problem_.choices.size(), gate_state::contested);
         int fixed = 0;
         for (int c = 0; c < problem_.num_choices(); ++c) {
-            const double preference = master_.program().preference(c);
-            if (master_.program().bound() - std::abs(preference) + whole_tolerance <
-                static_cast<double>(answer_.weight + 1)) {
+            const double preference = program.preference(c);
+            if (program.bound() - std::abs(preference) + whole_tolerance < static_cast<double>(answer_.weight + 1)) {
                 open_and_close(gates, preference > 0.0 ? 2 * c : 2 * c + 1);
                 ++fixed;
             }
@@ -123,18 +199,14 @@ class part_search {
         }
         const settled_problem rest = settle(problem_, gates);
         const long wanted = std::max(goal_, answer_.weight + 1) - rest.satisfied_weight;
-        const contested_answer best =
-            search_contested(rest.contested, wanted,
-                             {outside_.weight + rest.satisfied_weight, outside_.bound + rest.satisfied_weight}, watch_);
+        const known_outside outside = {outside_.weight + rest.satisfied_weight, outside_.bound + rest.satisfied_weight};
+        const contested_answer best = search_contested(rest.contested, wanted, outside, watch_);
         directions chosen = rest.decided;
         for (int c = 0; c < rest.contested.num_choices(); ++c) {
             chosen[at(rest.contested.choices[at(c)])] = best.chosen[at(c)];
         }
-        for (int c = 0; c < problem_.num_choices(); ++c) {
-            // What nothing uses any more keeps a direction all the same.
-            if (chosen[at(c)] < 0) {
-                chosen[at(c)] = gates[at(2 * c + 1)] == gate_state::open ? 1 : 0;
-            }
+        for (signed char& side : chosen) {
+            side = std::max<signed char>(side, 0);  // what nothing uses any more
         }
         state_.set(chosen);
         keep_if_better();
@@ -147,7 +219,8 @@ class part_search {
     const solve_watch& watch_;
     shared_state state_;
     cut_master master_;
-    const std::vector<char> movable_;  // every choice
+    const std::vector<char> every_choice_;
+    std::uint64_t seed_ = 0;
     contested_answer answer_;
 };
 
@@ -168,9 +241,8 @@ contested_answer search_contested(const contested_problem& problem, long goal, c
     long weight_ahead = problem.total_weight();
     for (const contested_problem& part : parts) {
         weight_ahead -= part.total_weight();
-        const contested_answer best =
-            part_search(part, 0, {outside.weight + answer.weight, outside.bound + answer.bound + weight_ahead}, watch)
-                .run();
+        const known_outside others = {outside.weight + answer.weight, outside.bound + answer.bound + weight_ahead};
+        const contested_answer best = part_search(part, 0, others, watch).run();
         for (int c = 0; c < part.num_choices(); ++c) {
             answer.chosen[at(part.choices[at(c)])] = best.chosen[at(c)];
         }

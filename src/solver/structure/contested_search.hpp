@@ -6,8 +6,9 @@
 // the choices that the program leaves fractional. What gap remains is closed on a
 // smaller problem: a choice whose reduced weight exceeds the gap keeps its direction
 // in every better answer (Dantzig, Fulkerson and Johnson 1954), which settles more
-// choices in turn. The last resort is branch and bound over the choices
-// (branch_and_bound.hpp).
+// choices in turn. Where the program stays fractional through and through, a tighter one
+// takes over (chain_bound.hpp), in turns with longer annealing. The last resort is branch
+// and bound over the choices (branch_and_bound.hpp).
 #pragma once
 
 #include "solver/back_end.hpp"

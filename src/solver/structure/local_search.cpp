@@ -77,7 +77,7 @@ class annealer {
     void open_chain(int node) {
         chain_.clear();
         while (!state_.reached(node)) {
-            const net_arc* arc = entering_arc(node);
+            const shared_state::entering_arc* arc = way_in(node);
             if (arc == nullptr) {
                 return;  // every way in is shut for good here
             }
@@ -93,12 +93,11 @@ class annealer {
     }
 
     // An entering arc at random, those from reached tails before the others.
-    const net_arc* entering_arc(int node) {
-        const net_arc* picked = nullptr;
+    const shared_state::entering_arc* way_in(int node) {
+        const shared_state::entering_arc* picked = nullptr;
         bool picked_reached = false;
         std::size_t seen = 0;
-        for (const int index : state_.entering(node)) {
-            const net_arc& arc = state_.arc(index);
+        for (const shared_state::entering_arc& arc : state_.entering(node)) {
             if (!state_.is_open(arc.gate) && movable_[at(arc.gate / 2)] == 0) {
                 continue;
             }

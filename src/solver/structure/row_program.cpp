@@ -26,18 +26,10 @@ void row_program::add_row(program_row row) {
     rows_.push_back(std::move(row));
 }
 
-void row_program::remove_rows(const std::vector<char>& gone) {
-    pass_new_rows();
-    std::vector<HighsInt> mask(gone.begin(), gone.end());
-    Highs_deleteRowsByMask(highs_.get(), mask.data());
-    std::size_t kept = 0;
-    for (std::size_t r = 0; r < rows_.size(); ++r) {
-        if (gone[r] == 0) {
-            std::swap(rows_[kept++], rows_[r]);
-        }
-    }
-    rows_.resize(kept);
-    rows_passed_ = kept;
+void row_program::solve_loosely(double tolerance) {
+    highs_.set_option("solver", "hipdlp");
+    highs_.set_option("pdlp_optimality_tolerance", tolerance);
+    highs_.set_option("pdlp_iteration_limit", 3000);
 }
 
 void row_program::pass_new_rows() {
@@ -81,13 +73,11 @@ bool row_program::solve() {
 void row_program::prove_bound(const std::vector<double>& duals) {
     bound_ = constant_;
     reduced_ = weights_;
-    multipliers_.assign(rows_.size(), 0.0);
     for (std::size_t r = 0; r < rows_.size(); ++r) {
         const double multiplier = std::max(0.0, -duals[r]);
         if (multiplier == 0.0) {
             continue;
         }
-        multipliers_[r] = multiplier;
         bound_ += multiplier * rows_[r].upper;
         for (std::size_t t = 0; t < rows_[r].columns.size(); ++t) {
             reduced_[at(rows_[r].columns[t])] -= multiplier * rows_[r].values[t];

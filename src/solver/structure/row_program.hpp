@@ -21,8 +21,8 @@ class row_program {
     row_program(std::vector<double> weights, double constant, const solve_watch& watch);
 
     void add_row(program_row row);
-    // Takes out the rows for which gone is set; their number must be num_rows().
-    void remove_rows(const std::vector<char>& gone);
+    // From here on solves by HiGHS's first-order method, to the given relative tolerance.
+    void solve_loosely(double tolerance);
 
     // False when stopped or failed; then everything below is of the solve before.
     bool solve();
@@ -36,14 +36,12 @@ class row_program {
     // By how much, at least, that bound falls when a column leaves the end of [0, 1] that
     // it prefers: positive for 1.
     double preference(int column) const { return reduced_[static_cast<std::size_t>(column)]; }
-    const std::vector<double>& multipliers() const { return multipliers_; }
 
     const std::vector<program_row>& rows() const { return rows_; }
     const std::vector<double>& weights() const { return weights_; }
     double constant() const { return constant_; }
     int num_columns() const { return static_cast<int>(weights_.size()); }
     int num_rows() const { return static_cast<int>(rows_.size()); }
-    const highs_handle& highs() const { return highs_; }
 
  private:
     void pass_new_rows();
@@ -55,8 +53,7 @@ class row_program {
     std::vector<program_row> rows_;
     std::size_t rows_passed_ = 0;
     std::vector<double> values_;
-    std::vector<double> multipliers_;  // by row
-    std::vector<double> reduced_;      // by column: weight less what the rows charge
+    std::vector<double> reduced_;  // by column: weight less what the rows charge
     double bound_ = infinity;
 };
 

@@ -9,11 +9,11 @@ std::size_t at(int index) {
     return static_cast<std::size_t>(index);
 }
 
-// Sorts arcs into rows by a key; a key of -1 stands in no row.
-template <typename key_function>
-void make_rows(const std::vector<net_arc>& arcs, int num_rows, const key_function& key, std::vector<int>& items,
-               std::vector<int>& start) {
-    start.assign(at(num_rows) + 1, 0);
+// Sorts arcs into rows by a key; a key of -1 stands in no row. Gives the rows' starts.
+template <typename item, typename key_function, typename item_function>
+std::vector<int> make_rows(const std::vector<net_arc>& arcs, int num_rows, const key_function& key,
+                           const item_function& make_item, std::vector<item>& items) {
+    std::vector<int> start(at(num_rows) + 1, 0);
     for (const net_arc& arc : arcs) {
         if (key(arc) >= 0) {
             ++start[at(key(arc)) + 1];
@@ -22,111 +22,138 @@ void make_rows(const std::vector<net_arc>& arcs, int num_rows, const key_functio
     std::partial_sum(start.begin(), start.end(), start.begin());
     items.resize(at(start.back()));
     std::vector<int> next = start;
-    for (std::size_t a = 0; a < arcs.size(); ++a) {
-        if (key(arcs[a]) >= 0) {
-            items[at(next[at(key(arcs[a]))]++)] = static_cast<int>(a);
+    for (const net_arc& arc : arcs) {
+        if (key(arc) >= 0) {
+            items[at(next[at(key(arc))]++)] = make_item(arc);
         }
     }
+    return start;
 }
 
 }  // namespace
 
 shared_state::shared_state(const contested_problem& problem) : network_(problem.shared) {
+    const auto head = [](const net_arc& arc) { return arc.head; };
+    const auto tail = [](const net_arc& arc) { return arc.tail; };
+    const auto gate = [](const net_arc& arc) { return arc.gate; };
     const int num_nodes = network_.num_nodes();
-    const int num_gates = 2 * static_cast<int>(problem.choices.size());
-    make_rows(
-        network_.arcs, num_nodes, [](const net_arc& arc) { return arc.head; }, entering_, entering_start_);
-    make_rows(
-        network_.arcs, num_nodes, [](const net_arc& arc) { return arc.tail; }, leaving_, leaving_start_);
-    make_rows(
-        network_.arcs, num_gates, [](const net_arc& arc) { return arc.gate; }, of_gate_, of_gate_start_);
+    const int num_gates = 2 * problem.num_choices();
+    entering_start_ = make_rows(
+        network_.arcs, num_nodes, head,
+        [](const net_arc& arc) {
+            return entering_arc{arc.tail, arc.gate};
+        },
+        entering_);
+    of_gate_start_ = make_rows(
+        network_.arcs, num_gates, gate,
+        [](const net_arc& arc) {
+            return gate_arc{arc.tail, arc.head};
+        },
+        of_gate_);
+    const std::vector<int> leaving_start = make_rows(
+        network_.arcs, num_nodes, tail,
+        [](const net_arc& arc) {
+            return leaving_arc{arc.head, arc.gate};
+        },
+        leaving_);
+    for (int node = 0; node < num_nodes; ++node) {
+        nodes_.push_back({0, 0, -1, leaving_start[at(node)], network_.nodes[at(node)].weight});
+    }
+    nodes_.push_back({0, 0, -1, leaving_start.back(), 0});
     set(directions(problem.choices.size(), 0));
 }
 
 void shared_state::set(const directions& chosen) {
     chosen_ = chosen;
-    live_.assign(at(network_.num_nodes()), 0);
-    live_entering_.assign(at(network_.num_nodes()), 0);
-    missed_position_.assign(at(network_.num_nodes()), -1);
+    open_.assign(2 * chosen.size() + 1, 0);
+    open(open_gate, true);
+    for (std::size_t c = 0; c < chosen.size(); ++c) {
+        open(static_cast<int>(2 * c) + chosen[c], true);
+    }
     missed_.clear();
     weight_ = 0;
     for (int node = 0; node < network_.num_nodes(); ++node) {
-        if (network_.nodes[at(node)].weight > 0) {
-            missed_position_[at(node)] = static_cast<int>(missed_.size());
+        node_state& state = nodes_[at(node)];
+        state.live_entering = state.told = 0;
+        state.missed = -1;
+        if (state.weight > 0) {
+            state.missed = static_cast<int>(missed_.size());
             missed_.push_back(node);
         }
     }
     for (const net_arc& arc : network_.arcs) {
         if (arc.tail < 0 && is_open(arc.gate)) {
-            gain(arc.head);
+            change(arc.head, 1);
         }
     }
     spread();
 }
 
-void shared_state::gain(int node) {
-    if (live_entering_[at(node)]++ == 0) {
+void shared_state::change(int node, int by) {
+    node_state& state = nodes_[at(node)];
+    const bool was_reached = state.live_entering > 0;
+    state.live_entering += by;
+    if (was_reached != (state.live_entering > 0)) {
         changed_.push_back(node);
     }
 }
 
-void shared_state::lose(int node) {
-    if (--live_entering_[at(node)] == 0) {
-        changed_.push_back(node);
+void shared_state::count(node_state& state, int node, bool reached) {
+    weight_ += reached ? state.weight : -state.weight;
+    if (reached) {
+        const int last = missed_.back();
+        missed_[at(state.missed)] = last;
+        nodes_[at(last)].missed = state.missed;
+        missed_.pop_back();
+        state.missed = -1;
+    } else {
+        state.missed = static_cast<int>(missed_.size());
+        missed_.push_back(node);
     }
 }
 
-// A node's own change counts for the arcs behind it only from here on: until then
-// live_ holds what they were told last.
+// The arcs behind a node are told of its change only here, so none is told twice.
 void shared_state::spread() {
     while (!changed_.empty()) {
         const int node = changed_.back();
         changed_.pop_back();
-        const bool reached = live_entering_[at(node)] > 0;
-        if (reached == (live_[at(node)] != 0)) {
+        node_state& state = nodes_[at(node)];
+        const bool reached = state.live_entering > 0;
+        if (reached == (state.told != 0)) {
             continue;
         }
-        live_[at(node)] = reached ? 1 : 0;
-        if (const long weight = network_.nodes[at(node)].weight; weight > 0) {
-            weight_ += reached ? weight : -weight;
-            if (reached) {
-                const int last = missed_.back();
-                missed_[at(missed_position_[at(node)])] = last;
-                missed_position_[at(last)] = missed_position_[at(node)];
-                missed_.pop_back();
-                missed_position_[at(node)] = -1;
-            } else {
-                missed_position_[at(node)] = static_cast<int>(missed_.size());
-                missed_.push_back(node);
+        state.told = reached ? 1 : 0;
+        if (state.weight > 0) {
+            count(state, node, reached);
+        }
+        const int by = reached ? 1 : -1;
+        const int end = nodes_[at(node) + 1].first_leaving;
+        for (int a = state.first_leaving; a < end; ++a) {
+            if (is_open(leaving_[at(a)].gate)) {
+                change(leaving_[at(a)].head, by);
             }
         }
-        for (const int index : part(leaving_, leaving_start_, node)) {
-            const net_arc& arc = network_.arcs[at(index)];
-            if (is_open(arc.gate)) {
-                reached ? gain(arc.head) : lose(arc.head);
-            }
+    }
+}
+
+void shared_state::pass_on(int gate, int by) {
+    for (int a = of_gate_start_[at(gate)]; a < of_gate_start_[at(gate) + 1]; ++a) {
+        const gate_arc arc = of_gate_[at(a)];
+        if (arc.tail < 0 || nodes_[at(arc.tail)].told != 0) {
+            change(arc.head, by);
         }
     }
 }
 
 void shared_state::turn(int choice) {
     const int closing = 2 * choice + chosen_[at(choice)];
-    const auto told = [this](int tail) { return tail < 0 || live_[at(tail)] != 0; };
-    chosen_[at(choice)] = -1;
-    for (const int index : part(of_gate_, of_gate_start_, closing)) {
-        if (const net_arc& arc = network_.arcs[at(index)]; told(arc.tail)) {
-            lose(arc.head);
-        }
-    }
+    open(closing, false);
+    pass_on(closing, -1);
     spread();
-    const int opening = closing ^ 1;
-    chosen_[at(choice)] = static_cast<signed char>(opening % 2);
-    for (const int index : part(of_gate_, of_gate_start_, opening)) {
-        if (const net_arc& arc = network_.arcs[at(index)]; told(arc.tail)) {
-            gain(arc.head);
-        }
-    }
+    pass_on(closing ^ 1, 1);
+    open(closing ^ 1, true);
     spread();
+    chosen_[at(choice)] ^= 1;
 }
 
 }  // namespace solver

@@ -23,42 +23,61 @@ class shared_state {
     // Nodes with a weight that are not reached, in no particular (but fixed) order.
     const std::vector<int>& missed() const { return missed_; }
 
-    // Arcs that enter a node, by position in the network's list.
-    struct range {
-        const int* first;
-        const int* last;
-        const int* begin() const { return first; }
-        const int* end() const { return last; }
+    struct entering_arc {
+        int tail;  // -1 = the root
+        int gate;
     };
-    range entering(int node) const { return part(entering_, entering_start_, node); }
-    const net_arc& arc(int index) const { return network_.arcs[static_cast<std::size_t>(index)]; }
-    bool reached(int node) const { return node < 0 || live_entering_[static_cast<std::size_t>(node)] > 0; }
-    bool is_open(int gate) const {
-        return gate == open_gate || chosen_[static_cast<std::size_t>(gate / 2)] == gate % 2;
+    struct entering_arcs {
+        const entering_arc* first;
+        const entering_arc* last;
+        const entering_arc* begin() const { return first; }
+        const entering_arc* end() const { return last; }
+    };
+    entering_arcs entering(int node) const {
+        const auto v = static_cast<std::size_t>(node);
+        return {entering_.data() + entering_start_[v], entering_.data() + entering_start_[v + 1]};
     }
+    bool reached(int node) const { return node < 0 || nodes_[static_cast<std::size_t>(node)].live_entering > 0; }
+    bool is_open(int gate) const { return open_[static_cast<std::size_t>(gate + 1)] != 0; }
 
  private:
-    static range part(const std::vector<int>& items, const std::vector<int>& start, int index) {
-        const auto i = static_cast<std::size_t>(index);
-        return {items.data() + start[i], items.data() + start[i + 1]};
-    }
-    void gain(int node);
-    void lose(int node);
+    // What a turn reads stands together: the search spends its time here.
+    struct node_state {
+        int live_entering;
+        int told;    // 1 = the arcs behind know that the node is reached
+        int missed;  // position in missed_; -1 = not missed, or of no weight
+        int first_leaving;
+        long weight;
+    };
+    struct leaving_arc {
+        int head;
+        int gate;
+    };
+    struct gate_arc {
+        int tail;
+        int head;
+    };
+
+    void open(int gate, bool is_open) { open_[static_cast<std::size_t>(gate + 1)] = is_open ? 1 : 0; }
+    void change(int node, int by);
     void spread();
+    void count(node_state& state, int node, bool reached);
+    void pass_on(int gate, int by);
 
     const shared_network& network_;
     directions chosen_;
+    std::vector<char> open_;  // by gate + 1; open_gate is -1
     long weight_ = 0;
-    std::vector<int> live_entering_;
+    std::vector<node_state> nodes_;  // and one more, for the end of the last node's arcs
     std::vector<int> missed_;
-    std::vector<int> missed_position_;  // -1 = not missed, or of no weight
-    std::vector<int> changed_;          // nodes whose change has not spread yet
+    std::vector<int> changed_;  // nodes that may have become reached or unreached
 
-    // Arcs by head, by tail and by gate: positions in the list, in compressed rows.
-    std::vector<int> entering_, entering_start_;
-    std::vector<int> leaving_, leaving_start_;
-    std::vector<int> of_gate_, of_gate_start_;
-    std::vector<char> live_;  // by node: its change has spread
+    // The arcs by head, by tail and by gate, in compressed rows.
+    std::vector<entering_arc> entering_;
+    std::vector<int> entering_start_;
+    std::vector<leaving_arc> leaving_;
+    std::vector<gate_arc> of_gate_;
+    std::vector<int> of_gate_start_;
 };
 
 }  // namespace solver
