@@ -3,12 +3,10 @@
 #include <algorithm>
 #include <cmath>
 
+#include "solver/structure/index.hpp"
+
 namespace solver {
 namespace {
-
-std::size_t at(int index) {
-    return static_cast<std::size_t>(index);
-}
 
 // Weights are whole, so a relaxed value proves no more than its whole part. The added
 // tolerance can only weaken the bound.

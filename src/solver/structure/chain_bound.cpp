@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "solver/structure/hull_cuts.hpp"
+#include "solver/structure/index.hpp"
 
 namespace solver {
 namespace {
@@ -14,10 +15,6 @@ constexpr double cut_tolerance = 0.01;
 constexpr double loose_tolerance = 2e-3;
 constexpr int hull_choices = 8;
 constexpr int rounds_without_hulls = 4;
-
-std::size_t at(int index) {
-    return static_cast<std::size_t>(index);
-}
 
 }  // namespace
 

@@ -7,6 +7,7 @@
 #include "solver/structure/branch_and_bound.hpp"
 #include "solver/structure/chain_bound.hpp"
 #include "solver/structure/cut_master.hpp"
+#include "solver/structure/index.hpp"
 #include "solver/structure/local_search.hpp"
 #include "solver/structure/settle.hpp"
 
@@ -24,10 +25,6 @@ constexpr double hard_share = 0.25;
 // The tighter bound has come to rest when it moves by less than this share, so often.
 constexpr double resting_share = 5e-5;
 constexpr int resting_rounds = 3;
-
-std::size_t at(int index) {
-    return static_cast<std::size_t>(index);
-}
 
 class part_search {
  public:

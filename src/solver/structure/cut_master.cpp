@@ -3,15 +3,9 @@
 #include <algorithm>
 #include <utility>
 
+#include "solver/structure/index.hpp"
+
 namespace solver {
-namespace {
-
-std::size_t at(int index) {
-    return static_cast<std::size_t>(index);
-}
-
-}  // namespace
-
 pair_layout lay_out_pairs(const contested_problem& problem) {
     pair_layout layout;
     layout.weights.assign(problem.choices.size(), 0.0);

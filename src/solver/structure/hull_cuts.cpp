@@ -3,12 +3,10 @@
 #include <algorithm>
 #include <cmath>
 
+#include "solver/structure/index.hpp"
+
 namespace solver {
 namespace {
-
-std::size_t at(int index) {
-    return static_cast<std::size_t>(index);
-}
 
 // A bit of a direction is set where the choice's gate 2c is open.
 bool opens(int direction, int gate, const std::vector<int>& choices) {

@@ -3,12 +3,10 @@
 #include <cmath>
 #include <random>
 
+#include "solver/structure/index.hpp"
+
 namespace solver {
 namespace {
-
-std::size_t at(int index) {
-    return static_cast<std::size_t>(index);
-}
 
 class annealer {
  public:

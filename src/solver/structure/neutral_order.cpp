@@ -4,12 +4,10 @@
 #include <numeric>
 #include <utility>
 
+#include "solver/structure/index.hpp"
+
 namespace solver {
 namespace {
-
-std::size_t at(int index) {
-    return static_cast<std::size_t>(index);
-}
 
 std::vector<int> column_order(const reach_structure& structure) {
     std::vector<int> order;

@@ -8,6 +8,8 @@
 #include <tuple>
 #include <utility>
 
+#include "solver/structure/index.hpp"
+
 namespace solver {
 namespace {
 
@@ -23,10 +25,6 @@ std::uint64_t hash_of(const std::string& name) {
     hash ^= hash >> 33;
     hash *= 0xff51afd7ed558ccdULL;
     return hash ^ (hash >> 33);
-}
-
-std::size_t at(int index) {
-    return static_cast<std::size_t>(index);
 }
 
 // Reads the rows once to tell gates, flows and demands apart, and a second time to

@@ -2,12 +2,10 @@
 
 #include <algorithm>
 
+#include "solver/structure/index.hpp"
+
 namespace solver {
 namespace {
-
-std::size_t at(int index) {
-    return static_cast<std::size_t>(index);
-}
 
 bool is_open(int gate, const directions& chosen) {
     return chosen[at(gate / 2)] == gate % 2;

@@ -3,15 +3,9 @@
 #include <algorithm>
 #include <utility>
 
+#include "solver/structure/index.hpp"
+
 namespace solver {
-namespace {
-
-std::size_t at(int index) {
-    return static_cast<std::size_t>(index);
-}
-
-}  // namespace
-
 row_program::row_program(std::vector<double> weights, double constant, const solve_watch& watch)
     : highs_(watch), weights_(std::move(weights)), constant_(constant) {
     // Minimised, so that a row's dual has one sign whatever the solver's convention.

@@ -6,14 +6,12 @@
 #include <boost/graph/adjacency_list.hpp>
 #include <boost/graph/boykov_kolmogorov_max_flow.hpp>
 
+#include "solver/structure/index.hpp"
+
 namespace solver {
 namespace {
 
 constexpr int none = -1;
-
-std::size_t at(int index) {
-    return static_cast<std::size_t>(index);
-}
 
 // Whole capacities: with fractions, a residual of 1e-17 would join the sides of a cut.
 using capacity = long;

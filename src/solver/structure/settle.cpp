@@ -3,14 +3,11 @@
 #include <algorithm>
 #include <unordered_map>
 
+#include "solver/structure/index.hpp"
 #include "solver/structure/simplify_net.hpp"
 
 namespace solver {
 namespace {
-
-std::size_t at(int index) {
-    return static_cast<std::size_t>(index);
-}
 
 class settler {
  public:

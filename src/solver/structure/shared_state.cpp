@@ -2,12 +2,10 @@
 
 #include <numeric>
 
+#include "solver/structure/index.hpp"
+
 namespace solver {
 namespace {
-
-std::size_t at(int index) {
-    return static_cast<std::size_t>(index);
-}
 
 // Sorts arcs into rows by a key; a key of -1 stands in no row. Gives the rows' starts.
 template <typename item, typename key_function, typename item_function>

@@ -4,12 +4,10 @@
 #include <numeric>
 #include <tuple>
 
+#include "solver/structure/index.hpp"
+
 namespace solver {
 namespace {
-
-std::size_t at(int index) {
-    return static_cast<std::size_t>(index);
-}
 
 int representative(std::vector<int>& parent, int node) {
     while (parent[at(node)] != node) {
