@@ -3,6 +3,8 @@
 #include <iostream>
 #include <iterator>
 
+#include "report/interruption.hpp"
+
 namespace {
 
 constexpr int lost_direction = 3;     // edge_test of an arc whose reverse was chosen
@@ -26,8 +28,18 @@ void set_priorities(IloCplex cplex) {
     }
 }
 
+bool solve_watched(IloCplex cplex) {
+    const interruption signals;
+    solver::solve_watch outer;
+    outer = cplex.set_watch({[&] { return signals.requested() || outer.stop_requested(); },
+                             [&](const solver::solve_progress& progress) { outer.report(progress); }});
+    const bool solved = cplex.solve();
+    cplex.set_watch(outer);
+    return solved;
+}
+
 void solve_or_throw(IloCplex cplex) {
-    if (cplex.solve()) {
+    if (solve_watched(cplex)) {
         return;
     }
     if (!cplex.failure_reason().empty()) {

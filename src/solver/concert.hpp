@@ -157,9 +157,9 @@ class IloCplex : public IloAlgorithm {
     void exportModel(const char* path) const;
 
     // The back end of later solves, and who watches them; defaults: the one that
-    // the build names, and nobody.
+    // the build names, and nobody. Gives the watch that was set before.
     void use_back_end(solver::back_end_function back_end);
-    void set_watch(solver::solve_watch watch);
+    solver::solve_watch set_watch(solver::solve_watch watch);
     // Why the last solve gave no solution: one line, empty when there is nothing to say.
     const std::string& failure_reason() const;
     // The record that a solve would hand to the back end now.

@@ -1,6 +1,7 @@
 // IloCplex: a solver over one model, whichever back end stands behind it.
 #include <ostream>
 #include <unordered_map>
+#include <utility>
 
 #include "solver/environment.hpp"
 #include "solver/lp_file.hpp"
@@ -154,8 +155,8 @@ void IloCplex::use_back_end(back_end_function back_end) {
     data_->back_end = back_end;
 }
 
-void IloCplex::set_watch(solve_watch watch) {
-    data_->watch = std::move(watch);
+solve_watch IloCplex::set_watch(solve_watch watch) {
+    return std::exchange(data_->watch, std::move(watch));
 }
 
 const std::string& IloCplex::failure_reason() const {

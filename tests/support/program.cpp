@@ -37,6 +37,10 @@ std::string program_test::read(const std::string& path) const {
 }
 
 program_result program_test::run_program(std::vector<std::string> arguments, std::string program) const {
+    return finish_program(start_program(std::move(arguments), std::move(program)));
+}
+
+pid_t program_test::start_program(std::vector<std::string> arguments, std::string program, int error_stream) const {
     arguments.insert(arguments.begin(), program.empty() ? NETORIENT_PROGRAM : program);
     std::vector<char*> argv;
     for (std::string& argument : arguments) {
@@ -48,12 +52,19 @@ program_result program_test::run_program(std::vector<std::string> arguments, std
         if (chdir(folder.c_str()) == 0) {
             redirect(STDOUT_FILENO, "stdout");
             redirect(STDERR_FILENO, "stderr");
+            if (error_stream >= 0) {
+                dup2(error_stream, STDERR_FILENO);
+            }
             execv(argv[0], argv.data());
         }
         _exit(127);
     }
+    return child;
+}
+
+program_result program_test::finish_program(pid_t process) const {
     int status = 0;
-    waitpid(child, &status, 0);
+    waitpid(process, &status, 0);
     return {.exit_status = WIFEXITED(status) ? WEXITSTATUS(status) : -1,
             .signal = WIFSIGNALED(status) ? WTERMSIG(status) : 0,
             .out = read("stdout"),

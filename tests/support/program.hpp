@@ -25,6 +25,9 @@ class program_test : public testing::Test {
     bool exists(const std::string& path) const { return std::filesystem::exists(folder / path); }
     // Runs inside the folder; without a path given, the program itself.
     program_result run_program(std::vector<std::string> arguments, std::string program = {}) const;
+    // The two halves of that. A stream given here takes the place of standard error's file.
+    pid_t start_program(std::vector<std::string> arguments, std::string program = {}, int error_stream = -1) const;
+    program_result finish_program(pid_t process) const;
 
     std::filesystem::path folder;
 };

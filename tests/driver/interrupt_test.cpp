@@ -1,0 +1,86 @@
+// The real program on a network whose best orientation takes longer to find than
+// anybody waits: interrupted.
+#include <chrono>
+#include <csignal>
+#include <fstream>
+#include <regex>
+#include <thread>
+
+#include "support/program.hpp"
+
+namespace {
+
+using namespace std::chrono_literals;
+using clock_type = std::chrono::steady_clock;
+
+// True while the process has handlers of its own, which is while it solves.
+bool catches_signals(pid_t process) {
+    std::ifstream status("/proc/" + std::to_string(process) + "/status");
+    for (std::string line; std::getline(status, line);) {
+        if (line.starts_with("SigCgt:")) {
+            return (std::stoull(line.substr(7), nullptr, 16) >> (SIGTERM - 1) & 1) != 0;
+        }
+    }
+    return false;
+}
+
+class interrupt_test : public program_test {
+ protected:
+    void SetUp() override {
+        const program_result made = run_program({"in/", "proteins=2000", "directed=500", "undirected=4000", "test=500",
+                                                 "pairs=7000", "noise=0.6", "max_distance=8"},
+                                                NETORIENT_GENERATE);
+        ASSERT_EQ(made.exit_status, 0);
+        std::filesystem::create_directory(folder / "out");
+    }
+
+    pid_t start_solving() const {
+        const pid_t process = start_program({"in/", "out/"});
+        for (const auto start = clock_type::now(); !catches_signals(process) && clock_type::now() - start < 60s;) {
+            std::this_thread::sleep_for(5ms);
+        }
+        return process;
+    }
+
+    // Sends the signal and sees the program end as it should.
+    void interrupt(pid_t process, int signal_number) const {
+        const auto sent = clock_type::now();
+        kill(process, signal_number);
+        const program_result result = finish_program(process);
+        EXPECT_LT(clock_type::now() - sent, 2s);
+        EXPECT_EQ(result.exit_status, 0);
+        EXPECT_EQ(result.err, "");
+        std::smatch parts;
+        ASSERT_TRUE(std::regex_match(result.out, parts,
+                                     std::regex("Solution status = Feasible\nSolution value  = (\\d+)\n"
+                                                "cplex solver finished\n")));
+        EXPECT_GT(std::stoi(parts[1]), 0);
+        EXPECT_LT(std::stoi(parts[1]), 7000);
+        EXPECT_TRUE(read("out/shortest.lp").ends_with("\nEnd\n"));
+        const std::string initial = read("out/initial_graph.txt");
+        const std::string solution = read("out/solution_graph.txt");
+        EXPECT_TRUE(solution.ends_with("\n}\n"));
+        EXPECT_GT(solution.size(), initial.size() / 2);
+        EXPECT_LT(solution.size(), initial.size());  // test arcs that lost are gone
+    }
+};
+
+}  // namespace
+
+TEST_F(interrupt_test, ends_with_the_best_so_far) {
+    for (const auto& [signal_number, delay] : {std::pair(SIGINT, 0ms), {SIGTERM, 1500ms}}) {
+        const pid_t process = start_solving();
+        std::this_thread::sleep_for(delay);
+        interrupt(process, signal_number);
+    }
+}
+
+TEST_F(interrupt_test, ends_at_once_by_the_second_signal) {
+    const pid_t process = start_solving();
+    kill(process, SIGINT);
+    kill(process, SIGTERM);
+    const program_result result = finish_program(process);
+    EXPECT_EQ(result.signal, SIGTERM);
+    EXPECT_EQ(result.out, "");
+    EXPECT_FALSE(exists("out/solution_graph.txt"));
+}
