@@ -4,6 +4,7 @@
 #include <iterator>
 
 #include "report/interruption.hpp"
+#include "report/progress_line.hpp"
 
 namespace {
 
@@ -30,9 +31,16 @@ void set_priorities(IloCplex cplex) {
 
 bool solve_watched(IloCplex cplex) {
     const interruption signals;
+    progress_line line;
     solver::solve_watch outer;
-    outer = cplex.set_watch({[&] { return signals.requested() || outer.stop_requested(); },
-                             [&](const solver::solve_progress& progress) { outer.report(progress); }});
+    outer = cplex.set_watch({[&] {
+                                 line.renew();
+                                 return signals.requested() || outer.stop_requested();
+                             },
+                             [&](const solver::solve_progress& progress) {
+                                 line.set(progress);
+                                 outer.report(progress);
+                             }});
     const bool solved = cplex.solve();
     cplex.set_watch(outer);
     return solved;

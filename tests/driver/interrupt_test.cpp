@@ -1,5 +1,9 @@
 // The real program on a network whose best orientation takes longer to find than
-// anybody waits: interrupted.
+// anybody waits: interrupted, and watched on a terminal.
+#include <fcntl.h>
+#include <pty.h>
+#include <unistd.h>
+
 #include <chrono>
 #include <csignal>
 #include <fstream>
@@ -34,8 +38,8 @@ class interrupt_test : public program_test {
         std::filesystem::create_directory(folder / "out");
     }
 
-    pid_t start_solving() const {
-        const pid_t process = start_program({"in/", "out/"});
+    pid_t start_solving(int error_stream = -1) const {
+        const pid_t process = start_program({"in/", "out/"}, {}, error_stream);
         for (const auto start = clock_type::now(); !catches_signals(process) && clock_type::now() - start < 60s;) {
             std::this_thread::sleep_for(5ms);
         }
@@ -83,4 +87,22 @@ TEST_F(interrupt_test, ends_at_once_by_the_second_signal) {
     EXPECT_EQ(result.signal, SIGTERM);
     EXPECT_EQ(result.out, "");
     EXPECT_FALSE(exists("out/solution_graph.txt"));
+}
+
+TEST_F(interrupt_test, shows_its_progress_on_a_terminal) {
+    int terminal = -1;
+    int program_side = -1;
+    ASSERT_EQ(openpty(&terminal, &program_side, nullptr, nullptr, nullptr), 0);
+    const pid_t process = start_solving(program_side);
+    std::this_thread::sleep_for(2500ms);
+    interrupt(process, SIGINT);
+
+    std::string shown(1 << 16, '\0');
+    fcntl(terminal, F_SETFL, O_NONBLOCK);
+    shown.resize(static_cast<std::size_t>(std::max<ssize_t>(0, ::read(terminal, shown.data(), shown.size()))));
+    close(program_side);
+    close(terminal);
+    const std::string line = "\r\x1b\\[K\\d+ s: \\d+ pairs, bound (\\d+|-), gap (\\d+\\.\\d|-) %, [a-z ]+";
+    EXPECT_TRUE(std::regex_match(shown, std::regex("(" + line + "){2,20}\r\x1b\\[K"))) << shown;
+    EXPECT_NE(shown.find("\r\x1b[K2 s: "), std::string::npos) << shown;
 }

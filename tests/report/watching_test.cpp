@@ -1,7 +1,8 @@
-// The two signals, by themselves.
+// The two signals and the line on the terminal, each by itself.
 #include <gtest/gtest.h>
 
 #include "report/interruption.hpp"
+#include "report/progress_line.hpp"
 
 namespace {
 
@@ -40,4 +41,13 @@ TEST(interruption, ends_the_program_by_the_second_signal) {
             },
             testing::KilledBySignal(second), "");
     }
+}
+
+TEST(progress_line, says_what_is_known) {
+    using solver::infinity;
+    EXPECT_EQ(describe(7, {"cuts", 4530, 4884.7}), "7 s: 4530 pairs, bound 4884, gap 7.8 %, cuts");
+    EXPECT_EQ(describe(70, {"cuts", 12, 11.9999999}), "70 s: 12 pairs, bound 12, gap 0.0 %, cuts");
+    EXPECT_EQ(describe(1, {"reduce", 90, infinity}), "1 s: 90 pairs, bound -, gap - %, reduce");
+    EXPECT_EQ(describe(1, {"solve", 0, 8}), "1 s: 0 pairs, bound 8, gap - %, solve");
+    EXPECT_EQ(describe(1, {"solve", -infinity, 8}), "1 s: - pairs, bound 8, gap - %, solve");
 }
