@@ -17,6 +17,7 @@ namespace {
 constexpr double whole_tolerance = 1e-6;  // of a value of the linear program
 constexpr double cut_tolerance = 1e-4;
 constexpr long first_nodes = 1000;
+constexpr long small_gap = 5;  // that branch and bound may close on a problem of any size
 
 // A problem of this size whose program is this fractional is not closed by plain cuts.
 constexpr int hard_choices = 500;
@@ -48,7 +49,7 @@ class part_search {
         if (!done() && !is_hard) {
             close_on_smaller_problem(master_.program());
         }
-        if (!done() && !is_hard) {
+        if (!done() && !is_hard && (problem_.num_choices() < hard_choices || gap() <= small_gap)) {
             branch(first_nodes);
         }
         if (!done()) {
@@ -63,6 +64,8 @@ class part_search {
 
  private:
     bool done() const { return answer_.weight >= answer_.bound || answer_.bound < goal_ || watch_.stop_requested(); }
+
+    long gap() const { return answer_.bound - answer_.weight; }
 
     void keep_if_better() {
         if (state_.weight() > answer_.weight) {
@@ -90,6 +93,9 @@ class part_search {
             lower_bound_to(master_.program().bound());
             try_rounding(master_.program());
             report("cuts");
+            if (master_.program().ran_into_limit()) {
+                return true;
+            }
             if (!done() && round > 0 && problem_.num_choices() >= hard_choices &&
                 static_cast<double>(fractional_choices()) > hard_share * problem_.num_choices()) {
                 return true;

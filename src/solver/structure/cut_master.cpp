@@ -37,6 +37,8 @@ cut_master::cut_master(const contested_problem& problem, pair_layout layout, con
     : problem_(problem),
       pair_columns_(std::move(layout.pair_columns)),
       program_(std::move(layout.weights), layout.constant, watch) {
+    // A few times what programs need whose bound comes near in the end.
+    program_.limit_iterations(3000 + program_.num_columns() / 4);
     std::vector<gate_cut> cuts;
     for (std::size_t p = 0; p < problem.pairs.size(); ++p) {
         if (pair_columns_[p] >= 0) {

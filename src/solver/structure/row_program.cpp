@@ -21,9 +21,15 @@ void row_program::add_row(program_row row) {
 }
 
 void row_program::solve_loosely(double tolerance) {
-    highs_.set_option("solver", "hipdlp");
+    is_loose_ = true;
     highs_.set_option("pdlp_optimality_tolerance", tolerance);
+    highs_.set_option("ipm_optimality_tolerance", tolerance);
     highs_.set_option("pdlp_iteration_limit", 3000);
+    highs_.set_option("run_crossover", "off");
+}
+
+void row_program::limit_iterations(int limit) {
+    highs_.set_option("simplex_iteration_limit", limit);
 }
 
 void row_program::pass_new_rows() {
@@ -47,7 +53,17 @@ void row_program::pass_new_rows() {
 
 bool row_program::solve() {
     pass_new_rows();
-    if (Highs_run(highs_.get()) == kHighsStatusError) {
+    if (is_loose_) {
+        highs_.set_option("solver", "hipdlp");
+    }
+    bool failed = Highs_run(highs_.get()) == kHighsStatusError;
+    // The first-order method does not get through every program; where it does not, its
+    // last values are worth nothing.
+    if (is_loose_ && !failed && ran_into_limit()) {
+        highs_.set_option("solver", "ipx");
+        failed = Highs_run(highs_.get()) == kHighsStatusError;
+    }
+    if (failed) {
         return false;
     }
     const HighsInt status = highs_.model_status();

@@ -21,11 +21,17 @@ class row_program {
     row_program(std::vector<double> weights, double constant, const solve_watch& watch);
 
     void add_row(program_row row);
-    // From here on solves by HiGHS's first-order method, to the given relative tolerance.
+    // From here on solves by HiGHS's first-order method, to the given relative tolerance, and
+    // where that fails by its interior point method.
     void solve_loosely(double tolerance);
+
+    // A simplex solve that takes more iterations ends there; what it gives is a bound all
+    // the same, if a weak one.
+    void limit_iterations(int limit);
 
     // False when stopped or failed; then everything below is of the solve before.
     bool solve();
+    bool ran_into_limit() const { return highs_.model_status() == kHighsModelStatusIterationLimit; }
 
     const std::vector<double>& values() const { return values_; }
     double value(int column) const { return values_[static_cast<std::size_t>(column)]; }
@@ -54,6 +60,7 @@ class row_program {
     std::size_t rows_passed_ = 0;
     std::vector<double> values_;
     std::vector<double> reduced_;  // by column: weight less what the rows charge
+    bool is_loose_ = false;
     double bound_ = infinity;
 };
 
