@@ -36,13 +36,17 @@ std::string cplex_text(const model_record& record) {
     void* handle = dlopen(test_cplex_library.c_str(), RTLD_NOW | RTLD_LOCAL);
     const auto set_names = [&](const char* call, const std::vector<std::string>& names) {
         using function = int(const cplex::environment*, cplex::problem*, int count, const int*, char** names);
-        for (int i = 0; i < static_cast<int>(names.size()); ++i) {
-            std::string name = names[static_cast<std::size_t>(i)];
-            char* text = name.data();
-            if (!name.empty()) {
-                loaded.require(reinterpret_cast<function*>(dlsym(handle, call))(loaded.env, loaded.lp, 1, &i, &text));
+        std::vector<int> positions;
+        std::vector<char*> texts;
+        for (std::size_t i = 0; i < names.size(); ++i) {
+            if (!names[i].empty()) {
+                positions.push_back(static_cast<int>(i));
+                texts.push_back(const_cast<char*>(names[i].c_str()));
             }
         }
+        const int count = static_cast<int>(texts.size());
+        loaded.require(reinterpret_cast<function*>(dlsym(handle, call))(loaded.env, loaded.lp, count, positions.data(),
+                                                                        texts.data()));
     };
     set_names("CPXchgcolname", record.column_names);
     set_names("CPXchgrowname", record.row_names);
