@@ -1,6 +1,8 @@
 // The back ends that every test of a back end runs against.
 #pragma once
 
+#include <dlfcn.h>
+
 #include <ostream>
 #include <string>
 
@@ -21,6 +23,13 @@ inline const std::string test_cplex_library = TEST_CPLEX_LIBRARY;
 inline solver::solve_answer solve_with_test_cplex(const solver::model_record& record,
                                                   const solver::solve_watch& watch) {
     return solver::solve_with_cplex_at(test_cplex_library, record, watch);
+}
+
+// A function of CPLEX's that only tests call.
+template <typename... arguments>
+int call_cplex(const char* name, arguments... given) {
+    void* handle = dlopen(test_cplex_library.c_str(), RTLD_NOW | RTLD_LOCAL);
+    return reinterpret_cast<int (*)(arguments...)>(dlsym(handle, name))(given...);
 }
 
 #define SKIP_WITHOUT_CPLEX() \

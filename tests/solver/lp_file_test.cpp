@@ -1,6 +1,4 @@
 // The LP file: a few to the letter, and many against the file that CPLEX writes.
-#include <dlfcn.h>
-
 #include <algorithm>
 #include <fstream>
 #include <sstream>
@@ -33,32 +31,27 @@ std::string our_text(const model_record& record) {
 // What CPLEX itself writes for the same rows, columns and names.
 std::string cplex_text(const model_record& record) {
     const cplex::loaded_problem loaded(test_cplex_library, record);
-    void* handle = dlopen(test_cplex_library.c_str(), RTLD_NOW | RTLD_LOCAL);
     const auto set_names = [&](const char* call, const std::vector<std::string>& names) {
-        using function = int(const cplex::environment*, cplex::problem*, int count, const int*, char** names);
         std::vector<int> positions;
-        std::vector<char*> texts;
+        std::vector<const char*> texts;
         for (std::size_t i = 0; i < names.size(); ++i) {
             if (!names[i].empty()) {
                 positions.push_back(static_cast<int>(i));
-                texts.push_back(const_cast<char*>(names[i].c_str()));
+                texts.push_back(names[i].c_str());
             }
         }
         const int count = static_cast<int>(texts.size());
-        loaded.require(reinterpret_cast<function*>(dlsym(handle, call))(loaded.env, loaded.lp, count, positions.data(),
-                                                                        texts.data()));
+        if (count > 0) {
+            loaded.require(call_cplex(call, loaded.env, loaded.lp, count, positions.data(), texts.data()));
+        }
     };
     set_names("CPXchgcolname", record.column_names);
     set_names("CPXchgrowname", record.row_names);
     if (!record.objective_name.empty()) {
-        using function = int(const cplex::environment*, cplex::problem*, const char* name);
-        auto* copy_name = reinterpret_cast<function*>(dlsym(handle, "CPXcopyobjname"));
-        loaded.require(copy_name(loaded.env, loaded.lp, record.objective_name.c_str()));
+        loaded.require(call_cplex("CPXcopyobjname", loaded.env, loaded.lp, record.objective_name.c_str()));
     }
-    using function = int(const cplex::environment*, const cplex::problem*, const char* path, const char* type);
     const std::string path = testing::TempDir() + "netorient_by_cplex.lp";
-    loaded.require(
-        reinterpret_cast<function*>(dlsym(handle, "CPXwriteprob"))(loaded.env, loaded.lp, path.c_str(), "LP"));
+    loaded.require(call_cplex("CPXwriteprob", loaded.env, loaded.lp, path.c_str(), "LP"));
     const std::string text = contents(path);
     return text.substr(text.find("\nM"));
 }
