@@ -1,7 +1,10 @@
 // The LP file: a few to the letter, and many against the file that CPLEX writes.
 #include <algorithm>
+#include <cstdio>
 #include <fstream>
 #include <sstream>
+
+#include <unistd.h>
 
 #include "back_ends.hpp"
 #include "driver/run.hpp"
@@ -15,9 +18,14 @@ using namespace solver;
 
 namespace {
 
-std::string contents(const std::string& path) {
+// What a function that gets a path writes there. Tests run side by side.
+template <typename writer>
+std::string written_by(const writer& write) {
+    const std::string path = testing::TempDir() + "netorient_" + std::to_string(getpid()) + ".lp";
+    write(path.c_str());
     std::ostringstream text;
     text << std::ifstream(path, std::ios::binary).rdbuf();
+    std::remove(path.c_str());
     return text.str();
 }
 
@@ -50,9 +58,8 @@ std::string cplex_text(const model_record& record) {
     if (!record.objective_name.empty()) {
         loaded.require(call_cplex("CPXcopyobjname", loaded.env, loaded.lp, record.objective_name.c_str()));
     }
-    const std::string path = testing::TempDir() + "netorient_by_cplex.lp";
-    loaded.require(call_cplex("CPXwriteprob", loaded.env, loaded.lp, path.c_str(), "LP"));
-    const std::string text = contents(path);
+    const std::string text = written_by(
+        [&](const char* path) { loaded.require(call_cplex("CPXwriteprob", loaded.env, loaded.lp, path, "LP")); });
     return text.substr(text.find("\nM"));
 }
 
@@ -169,9 +176,8 @@ TEST(lp_file, goes_where_it_can_be_written) {
     const IloCplex cplex{IloModel(env)};
     EXPECT_NO_THROW(cplex.exportModel("/nowhere/at/all/shortest.lp"));
     EXPECT_FALSE(write_lp_file(cplex.record(), "/nowhere/at/all/shortest.lp"));
-    const std::string path = testing::TempDir() + "netorient_empty.lp";
-    cplex.exportModel(path.c_str());
-    EXPECT_EQ(contents(path), "\\ENCODING=ISO-8859-1\n\\Problem name: \n\nMaximize\n obj1:\nEnd\n");
+    EXPECT_EQ(written_by([&](const char* path) { cplex.exportModel(path); }),
+              "\\ENCODING=ISO-8859-1\n\\Problem name: \n\nMaximize\n obj1:\nEnd\n");
 }
 
 TEST(lp_file, equals_the_one_that_cplex_writes) {
@@ -196,9 +202,8 @@ TEST(lp_file, equals_the_one_that_cplex_writes_for_the_example) {
     std::vector<vertex_descriptor> copies;
     prepare_ilp(model, true, copy_network(copies));
     IloCplex cplex(model);
-    const std::string path = testing::TempDir() + "netorient_example.lp";
-    cplex.exportModel(path.c_str());
-    EXPECT_EQ(contents(path).substr(contents(path).find("\nM")), cplex_text(cplex.record()));
+    const std::string text = written_by([&](const char* path) { cplex.exportModel(path); });
+    EXPECT_EQ(text.substr(text.find("\nM")), cplex_text(cplex.record()));
     EXPECT_GT(cplex.record().num_rows(), 100);
 
     ASSERT_TRUE(cplex.solve());
