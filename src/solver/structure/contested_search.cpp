@@ -57,7 +57,7 @@ class part_search {
         }
         for (long nodes = first_nodes; !done(); nodes *= 2) {
             branch(nodes);
-            anneal_all();
+            reheat(500);
         }
         return answer_;
     }
@@ -135,7 +135,11 @@ class part_search {
         report("local search");
     }
 
-    void anneal_all() { anneal_choices(every_choice_, 500L * problem_.num_choices(), 0.5); }
+    // From the best on, warm enough to leave it.
+    void reheat(long moves_per_choice) {
+        state_.set(answer_.chosen);
+        anneal_choices(every_choice_, moves_per_choice * problem_.num_choices(), 0.33);
+    }
 
     void anneal_fractional() {
         std::vector<char> movable(problem_.choices.size());
@@ -158,7 +162,8 @@ class part_search {
 
     // Bounds by the tighter program, and anneals in between, until the bound rests.
     void tighten() {
-        anneal_all();
+        anneal_choices(every_choice_, 300L * problem_.num_choices(), 0.5);
+        reheat(200);
         if (done()) {
             return;
         }
@@ -177,8 +182,8 @@ class part_search {
                 break;
             }
             rests = before - chains.bound() < resting_share * chains.bound() ? rests + 1 : 0;
-            if (round % 3 == 0) {
-                anneal_all();
+            if (round % 2 == 0) {
+                reheat(500);
             }
         }
         if (!done()) {
