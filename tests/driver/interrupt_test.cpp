@@ -38,8 +38,8 @@ class interrupt_test : public program_test {
         std::filesystem::create_directory(folder / "out");
     }
 
-    pid_t start_solving(int error_stream = -1) const {
-        const pid_t process = start_program({"in/", "out/"}, {}, error_stream);
+    pid_t start_solving(const std::string& program = {}, int error_stream = -1) const {
+        const pid_t process = start_program({"in/", "out/"}, program, error_stream);
         for (const auto start = clock_type::now(); !catches_signals(process) && clock_type::now() - start < 60s;) {
             std::this_thread::sleep_for(5ms);
         }
@@ -72,8 +72,14 @@ class interrupt_test : public program_test {
 }  // namespace
 
 TEST_F(interrupt_test, ends_with_the_best_so_far) {
-    for (const auto& [signal_number, delay] : {std::pair(SIGINT, 0ms), {SIGTERM, 1500ms}}) {
-        const pid_t process = start_solving();
+    struct {
+        std::string program;
+        int signal_number;
+        std::chrono::milliseconds delay;
+    } const cases[] = {
+        {"", SIGINT, 0ms}, {"", SIGTERM, 1500ms}, {PLAIN_PROGRAM, SIGTERM, 0ms}, {PLAIN_PROGRAM, SIGINT, 4s}};
+    for (const auto& [program, signal_number, delay] : cases) {
+        const pid_t process = start_solving(program);
         std::this_thread::sleep_for(delay);
         interrupt(process, signal_number);
     }
@@ -93,7 +99,7 @@ TEST_F(interrupt_test, shows_its_progress_on_a_terminal) {
     int terminal = -1;
     int program_side = -1;
     ASSERT_EQ(openpty(&terminal, &program_side, nullptr, nullptr, nullptr), 0);
-    const pid_t process = start_solving(program_side);
+    const pid_t process = start_solving({}, program_side);
     std::this_thread::sleep_for(2500ms);
     interrupt(process, SIGINT);
 
