@@ -1,6 +1,7 @@
 // The whole record through HiGHS, as it stands. Priorities, the root algorithm,
 // the branching rule, the dives and the memory bound have no counterpart there.
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "solver/highs_handle.hpp"
@@ -49,19 +50,20 @@ solve_answer solve_with_highs(const model_record& record, const solve_watch& wat
     if (record.settings.relative_gap) {
         highs.set_option("mip_rel_gap", *record.settings.relative_gap);
     }
-    if (pass_model(highs, record) == kHighsStatusError || Highs_run(highs.get()) == kHighsStatusError) {
+    incumbent found;
+    const run_end end = pass_model(highs, record) == kHighsStatusError ? run_end::failed : highs.run(found);
+    if (end == run_end::failed) {
         answer.status = solve_status::error;
         answer.reason = "HiGHS gives up on the model with an error";
         return answer;
     }
-    const bool has_values = highs.int_info("primal_solution_status") == kHighsSolutionStatusFeasible;
-    answer.status = status_of(highs.model_status(), has_values);
+    const bool has_values = !found.values.empty();
+    answer.status =
+        status_of(end == run_end::abandoned ? kHighsModelStatusInterrupt : highs.model_status(), has_values);
     if (has_values) {
-        answer.values.resize(static_cast<std::size_t>(record.num_columns()));
-        Highs_getSolution(highs.get(), answer.values.data(), nullptr, nullptr, nullptr);
-        answer.objective = highs.double_info("objective_function_value");
-        // HiGHS leaves the field at 0 for a linear program.
-        answer.bound = record.has_integral_column() ? highs.double_info("mip_dual_bound") : answer.objective;
+        answer.values = std::move(found.values);
+        answer.objective = found.objective;
+        answer.bound = record.has_integral_column() ? found.bound : found.objective;
     } else if (answer.status == solve_status::optimal) {
         answer.status = solve_status::error;
         answer.reason = "HiGHS calls the model optimal and gives no solution";

@@ -102,11 +102,22 @@ solve_answer solve_record(const model_record& record, back_end_function back_end
         return believed(record, solve_by_structure(*structure, record.num_columns(), watch));
     }
     solve_answer answer = believed(record, solve_in_neutral_order(record, *structure, back_end, watch));
+    directions chosen;
     if (has_values(answer)) {
-        answer.values = values_of(*structure, directions_of(*structure, answer.values), record.num_columns());
-        answer = believed(record, std::move(answer));
+        chosen = directions_of(*structure, answer.values);
+    } else if (answer.status == solve_status::unknown && watch.stop_requested()) {
+        // Stopped before anything was found; any directions are a solution.
+        chosen.assign(static_cast<std::size_t>(structure->num_choices()), 0);
+        answer = {.status = solve_status::feasible,
+                  .values = {},
+                  .objective = record.objective_constant + static_cast<double>(reached_weight(*structure, chosen)),
+                  .bound = infinity,
+                  .reason = {}};
+    } else {
+        return answer;
     }
-    return answer;
+    answer.values = values_of(*structure, chosen, record.num_columns());
+    return believed(record, std::move(answer));
 }
 
 }  // namespace solver

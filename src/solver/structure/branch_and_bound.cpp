@@ -81,24 +81,23 @@ void branch_and_bound(const contested_problem& problem, cut_master& master, shar
         highs.set_option("mip_max_nodes", static_cast<int>(max_nodes));
         pass_program(master, highs);
         pass_start(problem, master, state, answer.chosen, highs);
-        if (Highs_run(highs.get()) == kHighsStatusError) {
+        incumbent found;
+        if (highs.run(found) == run_end::failed) {
             return;
         }
         const bool finished = highs.model_status() == kHighsModelStatusOptimal;
-        if (const double bound = highs.double_info("mip_dual_bound"); std::isfinite(bound)) {
-            answer.bound = std::min(answer.bound, std::max(answer.weight, whole_bound(bound)));
+        if (std::isfinite(found.bound)) {
+            answer.bound = std::min(answer.bound, std::max(answer.weight, whole_bound(found.bound)));
         }
-        if (highs.int_info("primal_solution_status") != kHighsSolutionStatusFeasible) {
+        if (found.values.empty()) {
             return;
         }
-        std::vector<double> values(at(master.program().num_columns()));
-        Highs_getSolution(highs.get(), values.data(), nullptr, nullptr, nullptr);
-        state.set(rounded(values.data(), master.num_choices()));
+        state.set(rounded(found.values.data(), master.num_choices()));
         if (state.weight() > answer.weight) {
             answer.weight = state.weight();
             answer.chosen = state.chosen();
         }
-        const bool more_cuts = master.add_cuts_broken_by(values, 1e-4) > 0;
+        const bool more_cuts = master.add_cuts_broken_by(found.values, 1e-4) > 0;
         if (!finished || !more_cuts) {
             return;
         }

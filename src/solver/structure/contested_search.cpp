@@ -42,6 +42,7 @@ class part_search {
         answer_.bound = problem_.total_weight();
         answer_.chosen = state_.chosen();
         answer_.weight = state_.weight();
+        report("cuts");
         const bool is_hard = cut_rounds();
         if (!done() && !is_hard) {
             anneal_fractional();
@@ -57,7 +58,7 @@ class part_search {
         }
         for (long nodes = first_nodes; !done(); nodes *= 2) {
             branch(nodes);
-            reheat(500);
+            anneal_all();
         }
         return answer_;
     }
@@ -87,7 +88,7 @@ class part_search {
     // will not come near: then true.
     bool cut_rounds() {
         for (int round = 0;; ++round) {
-            if (!master_.solve()) {
+            if (done() || !master_.solve()) {
                 return false;
             }
             lower_bound_to(master_.program().bound());
@@ -135,11 +136,7 @@ class part_search {
         report("local search");
     }
 
-    // From the best on, warm enough to leave it.
-    void reheat(long moves_per_choice) {
-        state_.set(answer_.chosen);
-        anneal_choices(every_choice_, moves_per_choice * problem_.num_choices(), 0.33);
-    }
+    void anneal_all() { anneal_choices(every_choice_, 500L * problem_.num_choices(), 0.5); }
 
     void anneal_fractional() {
         std::vector<char> movable(problem_.choices.size());
@@ -162,8 +159,7 @@ class part_search {
 
     // Bounds by the tighter program, and anneals in between, until the bound rests.
     void tighten() {
-        anneal_choices(every_choice_, 300L * problem_.num_choices(), 0.5);
-        reheat(200);
+        anneal_all();
         if (done()) {
             return;
         }
@@ -182,8 +178,8 @@ class part_search {
                 break;
             }
             rests = before - chains.bound() < resting_share * chains.bound() ? rests + 1 : 0;
-            if (round % 2 == 0) {
-                reheat(500);
+            if (round % 3 == 0) {
+                anneal_all();
             }
         }
         if (!done()) {
@@ -239,6 +235,10 @@ contested_answer search_contested(const contested_problem& problem, long goal, c
     contested_answer answer;
     answer.chosen.assign(problem.choices.size(), 0);
     if (problem.choices.empty()) {
+        return answer;
+    }
+    if (watch.stop_requested()) {
+        answer.bound = problem.total_weight();
         return answer;
     }
     const std::vector<contested_problem> parts = split(problem);

@@ -35,12 +35,13 @@ cut_master::cut_master(const contested_problem& problem, const solve_watch& watc
 
 cut_master::cut_master(const contested_problem& problem, pair_layout layout, const solve_watch& watch)
     : problem_(problem),
+      watch_(watch),
       pair_columns_(std::move(layout.pair_columns)),
       program_(std::move(layout.weights), layout.constant, watch) {
     // A few times what programs need whose bound comes near in the end.
     program_.limit_iterations(3000 + program_.num_columns() / 4);
     std::vector<gate_cut> cuts;
-    for (std::size_t p = 0; p < problem.pairs.size(); ++p) {
+    for (std::size_t p = 0; p < problem.pairs.size() && !watch_.stop_requested(); ++p) {
         if (pair_columns_[p] >= 0) {
             cuts.clear();
             find_bottlenecks(problem.pairs[p], cuts);
@@ -70,7 +71,7 @@ int cut_master::add_cuts_broken_by(const std::vector<double>& values, double tol
     }
     const int before = program_.num_rows();
     std::vector<gate_cut> cuts;
-    for (std::size_t p = 0; p < problem_.pairs.size(); ++p) {
+    for (std::size_t p = 0; p < problem_.pairs.size() && !watch_.stop_requested(); ++p) {
         if (pair_columns_[p] < 0) {
             continue;
         }

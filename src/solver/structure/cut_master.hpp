@@ -38,7 +38,8 @@ class cut_master {
     const row_program& program() const { return program_; }
     double choice_value(int choice) const { return program_.value(choice); }
 
-    // Adds the cuts that the values of the last solve break; their number.
+    // Adds the cuts that the values of the last solve break; their number. Not all of
+    // them when stopped.
     int add_broken_cuts(double tolerance) { return add_cuts_broken_by(program_.values(), tolerance); }
     // The same for any values of the columns.
     int add_cuts_broken_by(const std::vector<double>& values, double tolerance);
@@ -52,6 +53,7 @@ class cut_master {
     void add_cut(int pair, const gate_cut& cut);
 
     const contested_problem& problem_;
+    const solve_watch& watch_;
     std::vector<int> pair_columns_;
     row_program program_;
 };

@@ -56,14 +56,14 @@ bool row_program::solve() {
     if (is_loose_) {
         highs_.set_option("solver", "hipdlp");
     }
-    bool failed = Highs_run(highs_.get()) == kHighsStatusError;
+    run_end end = highs_.run();
     // The first-order method does not get through every program; where it does not, its
     // last values are worth nothing.
-    if (is_loose_ && !failed && ran_into_limit()) {
+    if (is_loose_ && end == run_end::finished && ran_into_limit()) {
         highs_.set_option("solver", "ipx");
-        failed = Highs_run(highs_.get()) == kHighsStatusError;
+        end = highs_.run();
     }
-    if (failed) {
+    if (end != run_end::finished) {
         return false;
     }
     const HighsInt status = highs_.model_status();
