@@ -1,5 +1,7 @@
 #include "solver/concert.hpp"
 
+#include <cstring>
+
 #include "solver/environment.hpp"
 
 using namespace solver;
@@ -7,7 +9,12 @@ using namespace solver;
 namespace {
 
 void name_item(extractable_data& item, const char* name) {
-    item.name = name == nullptr ? nullptr : &item.environment->names.emplace_back(name);
+    item.name = nullptr;
+    if (name != nullptr) {
+        const std::size_t size = std::strlen(name) + 1;
+        item.name = static_cast<const char*>(std::memcpy(item.environment->names.take(size), name, size));
+    }
+    ++item.environment->changes;
 }
 
 extractable_data new_item(environment_data* environment, extractable_kind kind) {
@@ -24,17 +31,29 @@ item_type* checked(extractable_data* item, extractable_kind kind, const char* wh
 
 variable_data* new_variable(environment_data* environment, double lower, double upper, IloNumVar::Type type,
                             const char* name) {
-    const std::size_t index = environment->variables.size();
+    const int index = static_cast<int>(environment->variables.size());
     variable_data& made = environment->variables.emplace_back(
         variable_data{new_item(environment, extractable_kind::variable), lower, upper, type, index});
     name_item(made, name);
     return &made;
 }
 
-IloConstraint new_constraint(environment_data* environment, std::size_t first_term, double upper) {
-    const std::size_t num_terms = environment->row_terms.size() - first_term;
+linear_term unit_term(const IloNumVar& variable) {
+    return {variable.variable()->index, 1.0};
+}
+
+// Writes an expression's terms, as they are or for the other side of a row.
+linear_term* write_terms(const std::vector<linear_term>& terms, double factor, linear_term* out) {
+    for (const linear_term& term : terms) {
+        *out++ = {term.variable, factor * term.coefficient};
+    }
+    return out;
+}
+
+IloConstraint new_constraint(environment_data* environment, const linear_term* terms, std::size_t num_terms,
+                             double upper) {
     return IloConstraint(&environment->constraints.emplace_back(
-        constraint_data{new_item(environment, extractable_kind::constraint), first_term, num_terms, upper}));
+        constraint_data{new_item(environment, extractable_kind::constraint), terms, num_terms, upper}));
 }
 
 }  // namespace
@@ -49,7 +68,7 @@ void IloExtractable::setName(const char* name) const {
 }
 
 const char* IloExtractable::getName() const {
-    return empty() || data_->name == nullptr ? nullptr : data_->name->c_str();
+    return empty() ? nullptr : data_->name;
 }
 
 long IloExtractable::getId() const {
@@ -64,7 +83,8 @@ IloNumVar::IloNumVar(IloEnv env, double lower, double upper, Type type, const ch
 
 IloNumVar::IloNumVar(const IloAddNumVar& column, double lower, double upper, Type type, const char* name)
     : IloExtractable(new_variable(column.objective->environment, lower, upper, type, name)) {
-    column.objective->terms.push_back({variable(), 1.0});
+    column.objective->terms.push_back(unit_term(*this));
+    ++column.objective->environment->changes;
 }
 
 variable_data* IloNumVar::variable() const {
@@ -94,10 +114,14 @@ IloExpr::IloExpr(IloEnv env, double constant)
 
 IloExpr::IloExpr(const IloNumVar& variable)
     : data_(std::make_shared<expression_data>(
-          expression_data{variable.variable()->environment, 0.0, {{variable.variable(), 1.0}}})) {}
+          expression_data{variable.variable()->environment, 0.0, {unit_term(variable)}})) {}
+
+IloExpr::IloExpr(const IloNumTerm& term) : IloExpr(term.variable) {
+    data_->terms.front().coefficient = term.coefficient;
+}
 
 IloExpr& IloExpr::operator+=(const IloNumVar& variable) {
-    data_->terms.push_back({variable.variable(), 1.0});
+    data_->terms.push_back(unit_term(variable));
     return *this;
 }
 
@@ -117,10 +141,15 @@ IloExpr operator+(const IloExpr& left, const IloExpr& right) {
     return sum;
 }
 
-IloExpr operator*(int coefficient, const IloNumVar& variable) {
-    IloExpr term(variable);
-    term.data()->terms.front().coefficient = coefficient;
-    return term;
+IloExpr operator+(const IloNumVar& left, const IloNumVar& right) {
+    IloExpr sum(left);
+    sum += right;
+    return sum;
+}
+
+IloNumTerm operator*(int coefficient, const IloNumVar& variable) {
+    variable.variable();
+    return {variable, static_cast<double>(coefficient)};
 }
 
 IloConstraint::IloConstraint(constraint_data* data) : IloExtractable(data) {}
@@ -131,19 +160,42 @@ constraint_data* IloConstraint::constraint() const {
 
 IloConstraint operator<=(const IloExpr& left, double right) {
     environment_data* environment = left.data()->environment;
-    const std::size_t first_term = environment->row_terms.size();
-    environment->row_terms.insert(environment->row_terms.end(), left.data()->terms.begin(), left.data()->terms.end());
-    return new_constraint(environment, first_term, right - left.data()->constant);
+    const std::vector<linear_term>& expression = left.data()->terms;
+    linear_term* terms = environment->row_terms.take(expression.size());
+    write_terms(expression, 1.0, terms);
+    return new_constraint(environment, terms, expression.size(), right - left.data()->constant);
 }
 
 IloConstraint operator<=(const IloExpr& left, const IloExpr& right) {
     environment_data* environment = left.data()->environment;
-    const std::size_t first_term = environment->row_terms.size();
-    environment->row_terms.insert(environment->row_terms.end(), left.data()->terms.begin(), left.data()->terms.end());
-    for (const linear_term& term : right.data()->terms) {
-        environment->row_terms.push_back({term.variable, -term.coefficient});
-    }
-    return new_constraint(environment, first_term, right.data()->constant - left.data()->constant);
+    const std::size_t num_terms = left.data()->terms.size() + right.data()->terms.size();
+    linear_term* terms = environment->row_terms.take(num_terms);
+    write_terms(right.data()->terms, -1.0, write_terms(left.data()->terms, 1.0, terms));
+    return new_constraint(environment, terms, num_terms, right.data()->constant - left.data()->constant);
+}
+
+IloConstraint operator<=(const IloNumVar& left, double right) {
+    environment_data* environment = left.variable()->environment;
+    linear_term* terms = environment->row_terms.take(1);
+    terms[0] = unit_term(left);
+    return new_constraint(environment, terms, 1, right);
+}
+
+IloConstraint operator<=(const IloNumVar& left, const IloNumTerm& right) {
+    environment_data* environment = left.variable()->environment;
+    linear_term* terms = environment->row_terms.take(2);
+    terms[0] = unit_term(left);
+    terms[1] = {right.variable.variable()->index, -right.coefficient};
+    return new_constraint(environment, terms, 2, 0.0);
+}
+
+IloConstraint operator<=(const IloNumVar& left, const IloExpr& right) {
+    environment_data* environment = left.variable()->environment;
+    const std::size_t num_terms = 1 + right.data()->terms.size();
+    linear_term* terms = environment->row_terms.take(num_terms);
+    terms[0] = unit_term(left);
+    write_terms(right.data()->terms, -1.0, terms + 1);
+    return new_constraint(environment, terms, num_terms, right.data()->constant);
 }
 
 IloObjective::IloObjective(IloEnv env, double constant, Sense sense, const char* name)
@@ -168,6 +220,7 @@ void IloModel::add(const IloExtractable& item) const {
     if (item.empty()) {
         throw IloException("an empty handle cannot be added to a model");
     }
+    ++data_->environment->changes;
     switch (item.data()->kind) {
         case extractable_kind::constraint:
             data_->constraints.push_back(static_cast<constraint_data*>(item.data()));

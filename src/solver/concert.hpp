@@ -81,12 +81,20 @@ class IloNumVarArray {
     std::shared_ptr<std::vector<IloNumVar>> items_;
 };
 
+// A variable with its coefficient. Most rows are made of single variables, and those
+// need no expression with terms of its own.
+struct IloNumTerm {
+    IloNumVar variable;
+    double coefficient;
+};
+
 // A linear expression. Copies share their terms, which live as long as the last copy.
 class IloExpr {
  public:
     IloExpr(IloEnv env, double constant = 0.0);
     explicit IloExpr(std::shared_ptr<solver::expression_data> data) : data_(std::move(data)) {}
     IloExpr(const IloNumVar& variable);
+    IloExpr(const IloNumTerm& term);
     IloExpr& operator+=(const IloNumVar& variable);
     IloExpr& operator+=(const IloExpr& other);
     solver::expression_data* data() const { return data_.get(); }
@@ -96,7 +104,8 @@ class IloExpr {
 };
 
 IloExpr operator+(const IloExpr& left, const IloExpr& right);
-IloExpr operator*(int coefficient, const IloNumVar& variable);
+IloExpr operator+(const IloNumVar& left, const IloNumVar& right);
+IloNumTerm operator*(int coefficient, const IloNumVar& variable);
 
 class IloConstraint : public IloExtractable {
  public:
@@ -107,6 +116,9 @@ class IloConstraint : public IloExtractable {
 
 IloConstraint operator<=(const IloExpr& left, double right);
 IloConstraint operator<=(const IloExpr& left, const IloExpr& right);
+IloConstraint operator<=(const IloNumVar& left, double right);
+IloConstraint operator<=(const IloNumVar& left, const IloNumTerm& right);
+IloConstraint operator<=(const IloNumVar& left, const IloExpr& right);
 
 class IloObjective : public IloExtractable {
  public:
@@ -135,7 +147,7 @@ class IloAlgorithm {
 
 std::ostream& operator<<(std::ostream& out, IloAlgorithm::Status status);
 
-// A solver over one model. The model is read anew at every export and solve.
+// A solver over one model, which counts as it stands at every export and solve.
 class IloCplex : public IloAlgorithm {
  public:
     enum IntParam { RootAlg, VarSel, DiveType };

@@ -1,6 +1,6 @@
 // IloCplex: a solver over one model, whichever back end stands behind it.
+#include <algorithm>
 #include <ostream>
-#include <unordered_map>
 #include <utility>
 
 #include "solver/environment.hpp"
@@ -14,9 +14,15 @@ namespace solver {
 struct session_data {
     std::shared_ptr<model_data> model;
     solve_settings settings;
-    std::unordered_map<const variable_data*, double> priorities;
+    std::vector<double> priorities;  // by variable, as many as were needed; 0 = none
     back_end_function back_end = default_back_end();
     solve_watch watch;
+
+    // Made at the first export or solve, and again when the environment has changed.
+    model_record record;
+    column_index record_columns;
+    long changes_at_record = -1;
+
     solve_answer answer;
     column_index columns;  // of the last solve
 };
@@ -49,16 +55,20 @@ bool has_solution(const solve_answer& answer) {
     return answer.status == solve_status::optimal || answer.status == solve_status::feasible;
 }
 
-model_record full_record(const session_data& session, column_index& columns) {
-    model_record record = make_record(*session.model, columns);
-    record.settings = session.settings;
-    for (const auto& [variable, priority] : session.priorities) {
-        const int column = columns[variable->index];
+const model_record& current_record(session_data& session) {
+    if (session.changes_at_record != session.model->environment->changes) {
+        session.record = make_record(*session.model, session.record_columns);
+        session.changes_at_record = session.model->environment->changes;
+    }
+    session.record.settings = session.settings;
+    const std::size_t known = std::min(session.priorities.size(), session.record_columns.size());
+    for (std::size_t v = 0; v < known; ++v) {
+        const int column = session.record_columns[v];
         if (column >= 0) {
-            record.column_priority[static_cast<std::size_t>(column)] = priority;
+            session.record.column_priority[static_cast<std::size_t>(column)] = session.priorities[v];
         }
     }
-    return record;
+    return session.record;
 }
 
 }  // namespace
@@ -115,11 +125,16 @@ void IloCplex::setParam(NumParam parameter, double value) {
 }
 
 void IloCplex::setPriority(const IloNumVar& variable, double priority) {
-    data_->priorities[variable.variable()] = priority;
+    const auto index = static_cast<std::size_t>(variable.variable()->index);
+    if (index >= data_->priorities.size()) {
+        data_->priorities.resize(index + 1, 0.0);
+    }
+    data_->priorities[index] = priority;
 }
 
 bool IloCplex::solve() {
-    const model_record record = full_record(*data_, data_->columns);
+    const model_record& record = current_record(*data_);
+    data_->columns = data_->record_columns;
     data_->answer = solve_record(record, data_->back_end, data_->watch);
     return has_solution(data_->answer);
 }
@@ -136,19 +151,19 @@ double IloCplex::getObjValue() const {
 }
 
 double IloCplex::getValue(const IloNumVar& variable) const {
-    const variable_data* asked = variable.variable();
+    const auto index = static_cast<std::size_t>(variable.variable()->index);
     if (!has_solution(data_->answer)) {
         throw IloException("no solution: a value is asked for before a successful solve");
     }
-    if (asked->index >= data_->columns.size() || data_->columns[asked->index] < 0) {
+    if (index >= data_->columns.size() || data_->columns[index] < 0) {
         const char* name = variable.getName();
         throw IloException(std::string("not in the model: variable ") + (name == nullptr ? "without a name" : name));
     }
-    return data_->answer.values[static_cast<std::size_t>(data_->columns[asked->index])];
+    return data_->answer.values[static_cast<std::size_t>(data_->columns[index])];
 }
 
 void IloCplex::exportModel(const char* path) const {
-    write_lp_file(record(), path);
+    write_lp_file(current_record(*data_), path);
 }
 
 void IloCplex::use_back_end(back_end_function back_end) {
@@ -164,6 +179,5 @@ const std::string& IloCplex::failure_reason() const {
 }
 
 model_record IloCplex::record() const {
-    column_index columns;
-    return full_record(*data_, columns);
+    return current_record(*data_);
 }

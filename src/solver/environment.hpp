@@ -1,17 +1,42 @@
 // What the handles of concert.hpp point to. The environment owns all of it.
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <deque>
-#include <string>
+#include <memory>
+#include <string_view>
 #include <vector>
 
 #include "solver/concert.hpp"
 
 namespace solver {
 
+// Many short arrays that stay where they are, in blocks: no growth moves them and
+// none is released by itself.
+template <typename item>
+class block_store {
+ public:
+    item* take(std::size_t count) {
+        if (count > left_) {
+            left_ = std::max(count, block_size);
+            blocks_.emplace_back(new item[left_]);  // left as it is: every item taken is written
+            next_ = blocks_.back().get();
+        }
+        left_ -= count;
+        next_ += count;
+        return next_ - count;
+    }
+
+ private:
+    static constexpr std::size_t block_size = std::size_t{1} << 12;
+    std::vector<std::unique_ptr<item[]>> blocks_;
+    item* next_ = nullptr;
+    std::size_t left_ = 0;
+};
+
 struct linear_term {
-    variable_data* variable;
+    int variable;  // position among the environment's variables
     double coefficient;
 };
 
@@ -21,20 +46,20 @@ struct extractable_data {
     environment_data* environment;
     long id;
     extractable_kind kind;
-    const std::string* name = nullptr;  // null = unnamed
+    const char* name = nullptr;  // null = unnamed
 };
 
 struct variable_data : extractable_data {
     double lower;
     double upper;
     IloNumVar::Type type;
-    std::size_t index;  // position among the environment's variables
+    int index;  // position among the environment's variables
 };
 
-// The terms of constraints stand one after the other in the environment: most
-// rows have two or three, too few for a vector each.
+// The terms of constraints stand in the environment: most rows have two or three,
+// too few for a vector each.
 struct constraint_data : extractable_data {
-    std::size_t first_term;
+    const linear_term* terms;
     std::size_t num_terms;
     double upper;
 };
@@ -54,11 +79,12 @@ struct expression_data {
 // Deques, because handles point into them.
 struct environment_data {
     long next_id = 1;
+    long changes = 0;  // raised by all that a model's record may show
     std::deque<variable_data> variables;
     std::deque<constraint_data> constraints;
     std::deque<objective_data> objectives;
-    std::deque<std::string> names;
-    std::vector<linear_term> row_terms;
+    block_store<char> names;
+    block_store<linear_term> row_terms;
 };
 
 struct model_data {

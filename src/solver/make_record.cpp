@@ -6,75 +6,123 @@
 namespace solver {
 namespace {
 
+using row_term = std::pair<int, double>;  // column, coefficient
+
 std::string name_of(const extractable_data& item) {
-    return item.name == nullptr ? std::string() : *item.name;
+    return item.name == nullptr ? std::string() : std::string(item.name);
 }
 
-int column_of(const variable_data& variable, model_record& record, column_index& columns) {
-    int& column = columns[variable.index];
-    if (column < 0) {
-        column = record.num_columns();
-        record.column_lower.push_back(variable.lower);
-        record.column_upper.push_back(variable.upper);
-        record.column_integral.push_back(variable.type == IloNumVar::Bool ? 1 : 0);
-        record.column_names.push_back(name_of(variable));
-    }
-    return column;
-}
+class record_maker {
+ public:
+    record_maker(const model_data& model, column_index& columns)
+        : environment_(*model.environment), model_(model), columns_(columns) {}
 
-// Terms in column order, a repeated variable once.
-void append_row(const linear_term* terms, std::size_t count, model_record& record, column_index& columns,
-                std::vector<std::pair<int, double>>& row) {
-    row.clear();
-    for (std::size_t i = 0; i < count; ++i) {
-        row.emplace_back(column_of(*terms[i].variable, record, columns), terms[i].coefficient);
+    model_record make() {
+        columns_.assign(environment_.variables.size(), -1);
+        reserve();
+        for (const constraint_data* constraint : model_.constraints) {
+            append_row(*constraint);
+        }
+        record_.row_lower.assign(record_.row_upper.size(), -infinity);
+        if (model_.objective != nullptr) {
+            for (const linear_term& term : model_.objective->terms) {
+                column_of(term.variable);
+            }
+        }
+        const auto num_columns = static_cast<std::size_t>(record_.num_columns());
+        record_.column_objective.assign(num_columns, 0.0);
+        record_.column_priority.assign(num_columns, 0.0);
+        if (model_.objective != nullptr) {
+            add_objective(*model_.objective);
+        }
+        return std::move(record_);
     }
-    std::stable_sort(row.begin(), row.end(), [](const auto& a, const auto& b) { return a.first < b.first; });
-    const std::size_t first = record.row_column.size();
-    for (const auto& [column, value] : row) {
-        if (record.row_column.size() > first && record.row_column.back() == column) {
-            record.row_value.back() += value;
-        } else {
-            record.row_column.push_back(column);
-            record.row_value.push_back(value);
+
+ private:
+    void reserve() {
+        std::size_t num_terms = 0;
+        for (const constraint_data* constraint : model_.constraints) {
+            num_terms += constraint->num_terms;
+        }
+        record_.row_start.reserve(model_.constraints.size() + 1);
+        record_.row_upper.reserve(model_.constraints.size());
+        record_.row_names.reserve(model_.constraints.size());
+        record_.row_column.reserve(num_terms);
+        record_.row_value.reserve(num_terms);
+    }
+
+    int column_of(int index) {
+        int& column = columns_[static_cast<std::size_t>(index)];
+        if (column < 0) {
+            const variable_data& variable = environment_.variables[static_cast<std::size_t>(index)];
+            column = record_.num_columns();
+            record_.column_lower.push_back(variable.lower);
+            record_.column_upper.push_back(variable.upper);
+            record_.column_integral.push_back(variable.type == IloNumVar::Bool ? 1 : 0);
+            record_.column_names.push_back(name_of(variable));
+        }
+        return column;
+    }
+
+    // Terms in column order, a repeated variable once.
+    void append_row(const constraint_data& constraint) {
+        row_.clear();
+        for (std::size_t i = 0; i < constraint.num_terms; ++i) {
+            row_.emplace_back(column_of(constraint.terms[i].variable), constraint.terms[i].coefficient);
+        }
+        sort_row();
+        const std::size_t first = record_.row_column.size();
+        for (const auto& [column, value] : row_) {
+            if (record_.row_column.size() > first && record_.row_column.back() == column) {
+                record_.row_value.back() += value;
+            } else {
+                record_.row_column.push_back(column);
+                record_.row_value.push_back(value);
+            }
+        }
+        record_.row_start.push_back(record_.row_column.size());
+        record_.row_upper.push_back(constraint.upper);
+        record_.row_names.push_back(name_of(constraint));
+    }
+
+    // Most rows are a term or two out of order, and the library's stable sort asks for
+    // memory at every call.
+    void sort_row() {
+        const auto by_column = [](const row_term& a, const row_term& b) { return a.first < b.first; };
+        const auto out_of_order = std::is_sorted_until(row_.begin(), row_.end(), by_column);
+        if (out_of_order == row_.end()) {
+            return;
+        }
+        const auto left = row_.end() - out_of_order;
+        if (left > 8) {
+            std::stable_sort(row_.begin(), row_.end(), by_column);
+            return;
+        }
+        for (auto term = out_of_order; term != row_.end(); ++term) {
+            std::rotate(std::upper_bound(row_.begin(), term, *term, by_column), term, term + 1);
         }
     }
-    record.row_start.push_back(record.row_column.size());
-}
+
+    void add_objective(const objective_data& objective) {
+        for (const linear_term& term : objective.terms) {
+            record_.column_objective[static_cast<std::size_t>(column_of(term.variable))] += term.coefficient;
+        }
+        record_.maximize = objective.sense == IloObjective::Maximize;
+        record_.objective_constant = objective.constant;
+        record_.objective_name = name_of(objective);
+    }
+
+    const environment_data& environment_;
+    const model_data& model_;
+    column_index& columns_;
+    model_record record_;
+    std::vector<row_term> row_;
+};
 
 }  // namespace
 
 model_record make_record(const model_data& model, column_index& columns) {
-    const environment_data& environment = *model.environment;
-    columns.assign(environment.variables.size(), -1);
-    model_record record;
-    record.row_start.reserve(model.constraints.size() + 1);
-    record.row_upper.reserve(model.constraints.size());
-    record.row_names.reserve(model.constraints.size());
-    std::vector<std::pair<int, double>> row;
-    for (const constraint_data* constraint : model.constraints) {
-        append_row(environment.row_terms.data() + constraint->first_term, constraint->num_terms, record, columns, row);
-        record.row_upper.push_back(constraint->upper);
-        record.row_names.push_back(name_of(*constraint));
-    }
-    record.row_lower.assign(record.row_upper.size(), -infinity);
-    if (model.objective != nullptr) {
-        for (const linear_term& term : model.objective->terms) {
-            column_of(*term.variable, record, columns);
-        }
-    }
-    const auto num_columns = static_cast<std::size_t>(record.num_columns());
-    record.column_objective.assign(num_columns, 0.0);
-    record.column_priority.assign(num_columns, 0.0);
-    if (model.objective != nullptr) {
-        for (const linear_term& term : model.objective->terms) {
-            record.column_objective[static_cast<std::size_t>(columns[term.variable->index])] += term.coefficient;
-        }
-        record.maximize = model.objective->sense == IloObjective::Maximize;
-        record.objective_constant = model.objective->constant;
-        record.objective_name = name_of(*model.objective);
-    }
-    return record;
+    return record_maker(model, columns).make();
 }
 
 }  // namespace solver

@@ -54,6 +54,36 @@ TEST_F(modelling, orders_rows_as_added_and_columns_by_first_appearance) {
     EXPECT_EQ(record.objective_constant, 0.5);
 }
 
+TEST_F(modelling, a_record_follows_every_change_since_the_one_before) {
+    const IloNumVar a = binary("a");
+    const IloNumVar b = binary("b");
+    model.add(a <= 1.0);
+    IloCplex cplex(model);
+    EXPECT_EQ(cplex.record().row_value, doubles{1});
+
+    IloExpr sum = a + b;
+    sum += IloExpr(env, 3.0);
+    model.add(a <= 2 * b);
+    model.add(b <= sum);
+    a.setName("renamed");
+    cplex.setPriority(b, 7.0);
+    const IloObjective objective(env, 0.0, IloObjective::Maximize);
+    model.add(objective);
+    model_record record = cplex.record();
+    EXPECT_EQ(record.column_names, (strings{"renamed", "b"}));
+    EXPECT_EQ(record.column_priority, (doubles{0, 7}));
+    EXPECT_EQ(record.row_start, (std::vector<std::size_t>{0, 1, 3, 5}));
+    EXPECT_EQ(record.row_column, (std::vector<int>{0, 0, 1, 0, 1}));
+    EXPECT_EQ(record.row_value, (doubles{1, 1, -2, -1, 0}));
+    EXPECT_EQ(record.row_upper, (doubles{1, 0, 3}));
+
+    const IloNumVar gain(objective(), 0.0, 1.0, IloNumVar::Float);
+    cplex.setPriority(b, 0.0);
+    record = cplex.record();
+    EXPECT_EQ(record.column_objective, (doubles{0, 0, 1}));
+    EXPECT_EQ(record.column_priority, (doubles{0, 0, 0}));
+}
+
 TEST_F(modelling, handles_share_and_ids_follow_creation) {
     const IloNumVarArray variables(env, 1);
     IloNumVarArray same(env);
