@@ -10,8 +10,8 @@
 namespace {
 
 // The message names the mode where it promises a file; it is kept so.
-vertex_descriptor find_or_report(const std::string& name, int max_id, int directed) {
-    const vertex_descriptor protein = find_protein(name, max_id);
+vertex_descriptor find_or_report(protein_finder& proteins, const std::string& name, int directed) {
+    const vertex_descriptor protein = proteins.find(name);
     if (protein == nullptr && directed != removed_interactions) {
         std::cout << "ERROR: protein " << name << " not found in the list (in file = " << directed << ")" << std::endl;
     }
@@ -44,10 +44,11 @@ int read_interaction(IloModel model, text_file& file, int max_id, int directed) 
         return 0;
     }
     int num_interactions_read = 0;
+    protein_finder proteins(max_id);
     pair_record record;
     while (read_pair_record(file, record) && record.line_ended) {
-        const vertex_descriptor first = find_or_report(record.first, max_id, directed);
-        const vertex_descriptor second = find_or_report(record.second, max_id, directed);
+        const vertex_descriptor first = find_or_report(proteins, record.first, directed);
+        const vertex_descriptor second = find_or_report(proteins, record.second, directed);
         if (first == nullptr || second == nullptr) {
             continue;
         }

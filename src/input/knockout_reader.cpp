@@ -13,10 +13,11 @@ void read_knockouts(text_file& file) {
         return;
     }
     // The rest of a line means nothing here, not even whether it ended.
+    protein_finder proteins(num_of_proteins);
     pair_record record;
     while (read_pair_record(file, record)) {
-        const vertex_descriptor cause = find_protein(record.first, num_of_proteins);
-        const vertex_descriptor effect = find_protein(record.second, num_of_proteins);
+        const vertex_descriptor cause = proteins.find(record.first);
+        const vertex_descriptor effect = proteins.find(record.second);
         if (cause == nullptr || effect == nullptr) {
             std::cout << "ERROR : a knouckout pair with unrecognized proteins: " << record.first << "ko"
                       << record.second << std::endl;

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstring>
+#include <functional>
 #include <iostream>
 
 namespace {
@@ -92,9 +93,16 @@ bool find_name(protein_name_data* table, const char* protein_name, int max_id, i
     return found;
 }
 
-vertex_descriptor find_protein(const std::string& name, int max_id) {
-    int mid = 0;
-    return find_name(protein_names_map, name.c_str(), max_id, &mid) ? protein_names_map[mid].protein : nullptr;
+vertex_descriptor protein_finder::find(const std::string& name) {
+    const protein_name_data*& found = found_[std::hash<std::string_view>()(name) % num_places];
+    if (found == nullptr || name != found->name.get()) {
+        int mid = 0;
+        if (!find_name(protein_names_map, name.c_str(), max_id_, &mid)) {
+            return nullptr;
+        }
+        found = &protein_names_map[mid];
+    }
+    return found->protein;
 }
 
 void number_network() {

@@ -16,8 +16,22 @@ bool read_names(text_file& file);
 // max_id 2 or 3 the name at index 0 is not found.
 bool find_name(protein_name_data* table, const char* protein_name, int max_id, int* out_mid);
 
-// The vertex of a name among the first max_id entries; null when it is not there.
-vertex_descriptor find_protein(const std::string& name, int max_id);
+// Finds vertices by their names, among the first max_id entries, for as long as the
+// table stays as it is. Files name a protein many times, so what was found is kept.
+class protein_finder {
+ public:
+    explicit protein_finder(int max_id) : max_id_(max_id), found_(num_places, nullptr) {}
+
+    // Null when the name is not there.
+    vertex_descriptor find(const std::string& name);
+
+ private:
+    // Names are spread over the places by their bytes, and push one another out.
+    static constexpr std::size_t num_places = std::size_t{1} << 14;
+
+    int max_id_;
+    std::vector<const protein_name_data*> found_;
+};
 
 // Numbers arcs and vertices of bi_graph in list order, each from 0.
 void number_network();

@@ -11,7 +11,9 @@ edge_descriptor add_marked_arc(vertex_descriptor tail, vertex_descriptor head, d
     boost::put(directions_map, arc, direction);
     boost::put(hidden_map, arc, marks.hidden);
     boost::put(test_map, arc, marks.test);
-    const std::string name = "o_" + boost::get(names_map, tail) + "_" + boost::get(names_map, head);
+    std::string name;
+    name.reserve(2 * max_name_length + 3);
+    name.append("o_").append(boost::get(names_map, tail)).append("_").append(boost::get(names_map, head));
     boost::put(vars_map, arc, IloNumVar(env, 0.0, 1.0, IloNumVar::Bool, name.c_str()));
     return arc;
 }

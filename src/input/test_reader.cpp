@@ -9,8 +9,8 @@
 
 namespace {
 
-vertex_descriptor find_or_report(const std::string& name) {
-    const vertex_descriptor protein = find_protein(name, num_of_proteins);
+vertex_descriptor find_or_report(protein_finder& proteins, const std::string& name) {
+    const vertex_descriptor protein = proteins.find(name);
     if (protein == nullptr) {
         std::cout << "ERROR: protein " << name << " not found in the list " << std::endl;
     }
@@ -25,10 +25,11 @@ void read_test_edges(IloModel model, text_file& file) {
     if (!file.opened) {
         return;
     }
+    protein_finder proteins(num_of_proteins);
     pair_record record;
     while (read_pair_record(file, record) && record.line_ended) {
-        const vertex_descriptor first = find_or_report(record.first);
-        const vertex_descriptor second = find_or_report(record.second);
+        const vertex_descriptor first = find_or_report(proteins, record.first);
+        const vertex_descriptor second = find_or_report(proteins, record.second);
         if (first == nullptr || second == nullptr) {
             continue;
         }

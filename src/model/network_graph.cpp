@@ -1,6 +1,8 @@
 #include "model/network_graph.hpp"
 
-#include <boost/functional/hash.hpp>
+#include <unordered_map>
+
+#include "model/arc_table.hpp"
 
 bidirected_basic_graph bi_graph;
 bidirected_basic_graph solution_graph;
@@ -45,10 +47,8 @@ int pdi = 0;
 
 namespace {
 
-using arc_ends = std::pair<vertex_descriptor, vertex_descriptor>;
-
 std::unordered_map<vertex_descriptor, int> creation_order;
-std::unordered_map<arc_ends, edge_descriptor, boost::hash<arc_ends>> first_arcs;
+arc_table first_arcs;
 
 }  // namespace
 
@@ -65,27 +65,24 @@ vertex_descriptor add_protein(const std::string& name) {
 
 edge_descriptor add_arc(vertex_descriptor tail, vertex_descriptor head) {
     const edge_descriptor arc = boost::add_edge(tail, head, bi_graph).first;
-    first_arcs.try_emplace({tail, head}, arc);
+    first_arcs.add(arc);
     return arc;
 }
 
 std::pair<edge_descriptor, bool> find_arc(vertex_descriptor tail, vertex_descriptor head) {
-    const auto found = first_arcs.find({tail, head});
-    if (found == first_arcs.end()) {
-        return {edge_descriptor(), false};
-    }
-    return {found->second, true};
+    const edge_descriptor* found = first_arcs.find(tail, head);
+    return found == nullptr ? std::make_pair(edge_descriptor(), false) : std::make_pair(*found, true);
 }
 
 void remove_arc(edge_descriptor arc) {
     const vertex_descriptor tail = boost::source(arc, bi_graph);
     const vertex_descriptor head = boost::target(arc, bi_graph);
     boost::remove_edge(arc, bi_graph);
-    first_arcs.erase({tail, head});
+    first_arcs.remove(tail, head);
     // A parallel arc, if there is one, is the first from now on.
     const auto next = boost::edge(tail, head, bi_graph);
     if (next.second) {
-        first_arcs.emplace(arc_ends{tail, head}, next.first);
+        first_arcs.add(next.first);
     }
 }
 
@@ -94,7 +91,7 @@ void reset_run_state() {
         graph->clear();
     }
     creation_order.clear();
-    first_arcs.clear();
+    first_arcs = arc_table();
     for (protein_name_data& entry : protein_names_map) {
         entry = protein_name_data{};
     }

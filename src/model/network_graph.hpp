@@ -5,7 +5,6 @@
 #include <map>
 #include <memory>
 #include <string>
-#include <unordered_map>
 #include <vector>
 
 #include <boost/graph/adjacency_list.hpp>
@@ -59,7 +58,7 @@ using edge_iterator = graph_traits::edge_iterator;
 
 extern bidirected_basic_graph bi_graph;        // the network as read; loses the losing test arcs
 extern bidirected_basic_graph solution_graph;  // only ever handed to the edge writer
-extern bidirected_basic_graph comp_graph;      // bi_graph with every arc reversed
+extern bidirected_basic_graph comp_graph;      // bi_graph with every arc reversed, where it is searched
 
 // ---- Property accessors ----------------------------------------------------
 // A property travels with the handle, so an accessor serves any of the graphs.
