@@ -3,6 +3,7 @@
 #include <iostream>
 
 #include <boost/graph/copy.hpp>
+#include <boost/graph/filtered_graph.hpp>
 
 #include "input/read_data.hpp"
 #include "orientation/prepare_ilp.hpp"
@@ -27,7 +28,7 @@ int run(int argc, char** argv, solver::back_end_function back_end) {
     // The network as read, before the solution takes arcs out of it.
     write_network(output + "initial_graph.txt");
 
-    // Distances to a target are searched in a graph of reversed arcs, made of this copy.
+    // Where distances to a target are searched step by step, it is in this copy.
     std::vector<vertex_descriptor> iso_vec;
     const IsoMap isoMap = copy_network(iso_vec);
 
@@ -55,9 +56,18 @@ void name_objective() {
     keep_constraints_Ids.push_back(objective.getId());
 }
 
+namespace {
+
+struct no_arc {
+    bool operator()(const edge_descriptor&) const { return false; }
+};
+
+}  // namespace
+
 IsoMap copy_network(std::vector<vertex_descriptor>& iso_vec) {
     iso_vec.assign(boost::num_vertices(bi_graph), nullptr);
     const IsoMap isoMap(iso_vec.begin(), vertex_myindex_map);
-    boost::copy_graph(bi_graph, comp_graph, boost::orig_to_copy(isoMap));
+    const boost::filtered_graph<bidirected_basic_graph, no_arc> proteins_alone(bi_graph, no_arc());
+    boost::copy_graph(proteins_alone, comp_graph, boost::orig_to_copy(isoMap));
     return isoMap;
 }

@@ -13,6 +13,7 @@ int run(int argc, char** argv, solver::back_end_function back_end = nullptr);
 
 // Gives the objective its name and the first place in keep_constraints_Ids.
 void name_objective();
-// Copies bi_graph into comp_graph. iso_vec takes, by vertex_index, the copy of each
-// vertex, and must live as long as the map that is returned.
+// Copies bi_graph into comp_graph: the vertices, since prepare_ilp replaces all arcs
+// there. iso_vec takes, by vertex_index, the copy of each vertex, and must live as
+// long as the map that is returned.
 IsoMap copy_network(std::vector<vertex_descriptor>& iso_vec);

@@ -6,11 +6,12 @@
 // Marks, source by source, the arcs on shortest paths to the source's targets and
 // adds their flow and pair variables and constraints to the model, the objective
 // last. Fills `pairs`, `rational_vars`, `var` and `num_of_pairs`, raises the arcs'
-// shortest-path counters, and leaves comp_graph as the reverse of bi_graph and
-// edge_in_shortest as the marks of the last source.
+// shortest-path counters, and leaves edge_in_shortest as the marks of the last source.
 //
 // isoMap names the comp_graph vertex of every bi_graph vertex; vertices and arcs
-// are numbered. With allow_one_edge_path false, a pair's direct arc is left out of
-// the distances to its target, and comp_graph gains the mirror of that arc whether
-// or not the network holds it. Always true.
+// are numbered. With allow_one_edge_path false, distances to targets are searched in
+// comp_graph, which becomes the reverse of bi_graph: a pair's direct arc is left out
+// of the distances to its target, and comp_graph gains the mirror of that arc whether
+// or not the network holds it. With true nothing needs comp_graph, which stays as it
+// is. Always true.
 bool prepare_ilp(IloModel model, bool allow_one_edge_path, IsoMap isoMap);

@@ -1,6 +1,9 @@
 #include "orientation/stepwise_marking.hpp"
 
+#include <iostream>
+
 #include <boost/graph/breadth_first_search.hpp>
+#include <boost/graph/reverse_graph.hpp>
 #include <boost/range/iterator_range.hpp>
 
 namespace {
@@ -22,6 +25,22 @@ std::vector<int> distances_from(vertex_descriptor start, const bidirected_basic_
 }
 
 }  // namespace
+
+void reverse_into_comp_graph(IsoMap isoMap) {
+    auto [arc, arcs_end] = boost::edges(comp_graph);
+    while (arc != arcs_end) {
+        boost::remove_edge(*arc++, comp_graph);
+    }
+
+    const auto comp_graph2 = boost::make_reverse_graph(bi_graph);
+    for (const auto& reversed_arc : boost::make_iterator_range(boost::edges(comp_graph2))) {
+        const vertex_descriptor tail = isoMap[boost::source(reversed_arc, comp_graph2)];
+        const vertex_descriptor head = isoMap[boost::target(reversed_arc, comp_graph2)];
+        if (!boost::add_edge(tail, head, comp_graph).second) {
+            std::cout << "ERROR: edge was not created for comp_graph\n";
+        }
+    }
+}
 
 source_marks mark_stepwise(vertex_descriptor pair_source, const targets& source_targets, bool allow_one_edge_path,
                            IsoMap isoMap) {

@@ -6,6 +6,9 @@
 
 #include "orientation/source_marks.hpp"
 
+// Makes comp_graph the reverse of bi_graph; its vertices stay as they are.
+void reverse_into_comp_graph(IsoMap isoMap);
+
 // Marks the arcs on shortest paths from pair_source to its targets, in place of any
 // marks that are there, and counts them. comp_graph is the reverse of bi_graph.
 source_marks mark_stepwise(vertex_descriptor pair_source, const targets& source_targets, bool allow_one_edge_path,

@@ -81,7 +81,8 @@ TEST_F(network_test, CompressedSearchEqualsPlainSearch) {
         make(network);
         source_map network_sources;
         network_sources.swap(sources);
-        prepare(true);  // without sources: reverses the network, no more
+        prepare(true);  // without sources: makes no row
+        reverse_into_comp_graph(isoMap);
         std::vector<std::string> plain_pair_texts;
         for (const auto& [pair_source, source_targets] : network_sources) {
             const source_marks plain = mark_stepwise(pair_source, source_targets, true, isoMap);
