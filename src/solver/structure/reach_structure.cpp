@@ -5,7 +5,6 @@
 #include <cstdint>
 #include <numeric>
 #include <string>
-#include <tuple>
 #include <utility>
 
 #include "solver/structure/index.hpp"
@@ -101,7 +100,9 @@ class structure_finder {
         if (size == 2) {
             const std::string& first = record_.column_names[at(gates[0])];
             const std::string& second = record_.column_names[at(gates[1])];
-            if (std::make_pair(hash_of(second), second) < std::make_pair(hash_of(first), first)) {
+            const std::uint64_t first_hash = hash_of(first);
+            const std::uint64_t second_hash = hash_of(second);
+            if (second_hash < first_hash || (second_hash == first_hash && second < first)) {
                 std::swap(gates[0], gates[1]);
             }
         }
@@ -191,26 +192,33 @@ class structure_finder {
         return true;
     }
 
+    // By head first, which is a matter of counting, and then the few arcs of each head.
     bool order_arcs() {
-        std::vector<int> flows;
+        found_.node_first_arc.assign(node_size_.size() + 1, 0);
         for (int c = 0; c < record_.num_columns(); ++c) {
-            if (is_flow(c)) {
-                (node_of_flow_[at(c)] == none ? found_.idle_columns : flows).push_back(c);
+            if (is_flow(c) && node_of_flow_[at(c)] == none) {
+                found_.idle_columns.push_back(c);
+            } else if (is_flow(c)) {
+                ++found_.node_first_arc[at(node_of_flow_[at(c)]) + 1];
             }
         }
-        const auto key = [this](int flow) {
-            return std::make_tuple(node_of_flow_[at(flow)], gate_of_[at(flow_gate_column_[at(flow)])], flow);
-        };
-        std::sort(flows.begin(), flows.end(), [&key](int a, int b) { return key(a) < key(b); });
-        found_.node_first_arc.assign(node_size_.size() + 1, 0);
-        for (const int flow : flows) {
+        std::partial_sum(found_.node_first_arc.begin(), found_.node_first_arc.end(), found_.node_first_arc.begin());
+        std::vector<std::pair<int, int>> arcs(at(found_.node_first_arc.back()));  // gate, flow
+        std::vector<int> next = found_.node_first_arc;
+        for (int c = 0; c < record_.num_columns(); ++c) {
+            if (is_flow(c) && node_of_flow_[at(c)] != none) {
+                arcs[at(next[at(node_of_flow_[at(c)])]++)] = {gate_of_[at(flow_gate_column_[at(c)])], c};
+            }
+        }
+        for (std::size_t v = 0; v < node_size_.size(); ++v) {
+            std::sort(arcs.begin() + found_.node_first_arc[v], arcs.begin() + found_.node_first_arc[v + 1]);
+        }
+        for (const auto& [gate, flow] : arcs) {
+            found_.arc_gate.push_back(gate);
             found_.arc_column.push_back(flow);
             found_.arc_tail.push_back(tail_of_flow_[at(flow)]);
             found_.arc_head.push_back(node_of_flow_[at(flow)]);
-            found_.arc_gate.push_back(gate_of_[at(flow_gate_column_[at(flow)])]);
-            ++found_.node_first_arc[at(node_of_flow_[at(flow)]) + 1];
         }
-        std::partial_sum(found_.node_first_arc.begin(), found_.node_first_arc.end(), found_.node_first_arc.begin());
         return true;
     }
 
