@@ -1,5 +1,6 @@
 #include "report/graph_writer.hpp"
 
+#include <algorithm>
 #include <fstream>
 #include <vector>
 
@@ -29,6 +30,34 @@ vertex_number get(vertex_number_map, vertex_descriptor vertex) {
     return {boost::get(vertex_myindex_map, vertex)};
 }
 
+// A protein's name as its label. Nearly all are plain identifiers, which the library
+// leaves as they are once it has matched them against a pattern.
+struct protein_label {
+    const std::string& name;
+};
+
+bool is_identifier(const std::string& name) {
+    const auto is_letter = [](char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '_'; };
+    const auto is_digit = [](char c) { return c >= '0' && c <= '9'; };
+    return !name.empty() && !is_digit(name.front()) &&
+           std::all_of(name.begin(), name.end(), [&](char c) { return is_letter(c) || is_digit(c); });
+}
+
+[[maybe_unused]] std::string escape_dot_string(const protein_label& label) {
+    return is_identifier(label.name) ? label.name : boost::escape_dot_string(label.name);
+}
+
+struct protein_label_map {
+    using key_type = vertex_descriptor;
+    using value_type = protein_label;
+    using reference = protein_label;
+    using category = boost::readable_property_map_tag;
+};
+
+protein_label get(protein_label_map, vertex_descriptor vertex) {
+    return {boost::get(names_map, vertex)};
+}
+
 // The library flushes after every line; the file is complete when it is closed.
 struct unflushed_filebuf : std::filebuf {
     int sync() override { return 0; }
@@ -37,7 +66,7 @@ struct unflushed_filebuf : std::filebuf {
 }  // namespace
 
 void write_network(std::ostream& out) {
-    boost::write_graphviz(out, bi_graph, boost::make_label_writer(names_map), epw(solution_graph),
+    boost::write_graphviz(out, bi_graph, boost::make_label_writer(protein_label_map()), epw(solution_graph),
                           boost::default_writer(), vertex_number_map());
 }
 
