@@ -5,10 +5,13 @@
 #include <algorithm>
 #include <charconv>
 #include <cmath>
-#include <cstring>
 #include <fstream>
+#include <initializer_list>
+#include <string>
 #include <string_view>
-#include <unordered_set>
+
+#include "solver/lp_names.hpp"
+#include "solver/text_block.hpp"
 
 namespace solver {
 namespace {
@@ -16,45 +19,26 @@ namespace {
 constexpr std::size_t line_limit = 79;
 constexpr std::size_t widest_indent = 33;
 
-// What stands for a character that a name may not hold; 0 = the character is legal.
-char legal_substitute(unsigned char character) {
-    static constexpr char illegal[] = " \\*+-/:<=>[]^|";
-    static constexpr char substitute[] = "__apmd.leg()cb";
-    if (character < 0x20 || character == 0x7f) {
-        return '_';
+// A number as text, at most fifteen significant digits, exponents without a leading zero.
+class number_text {
+ public:
+    explicit number_text(double value) {
+        if (std::abs(value) < 1e15 && value == std::trunc(value)) {
+            end_ = std::to_chars(text_, text_ + sizeof text_, static_cast<long long>(value)).ptr;
+            return;
+        }
+        end_ = std::to_chars(text_, text_ + sizeof text_, value, std::chars_format::general, 15).ptr;
+        char* exponent = std::find(text_, end_, 'e');
+        if (exponent != end_ && exponent[2] == '0') {
+            end_ = std::copy(exponent + 3, end_, exponent + 2);
+        }
     }
-    const char* found = std::strchr(illegal, character);
-    return found == nullptr ? '\0' : substitute[found - illegal];
-}
+    operator std::string_view() const { return {text_, static_cast<std::size_t>(end_ - text_)}; }
 
-// A name may not begin as a number may; such a one gets a '_' in front, and so
-// does one that begins with a character that is replaced.
-std::string legal_name(const std::string& name) {
-    std::string legal;
-    const char first = name.front();
-    if (std::strchr(".0123456789eE", first) != nullptr || legal_substitute(static_cast<unsigned char>(first)) != '\0') {
-        legal += '_';
-    }
-    for (const char character : name) {
-        const char substitute = legal_substitute(static_cast<unsigned char>(character));
-        legal += substitute == '\0' ? character : substitute;
-    }
-    return legal;
-}
-
-// Fifteen significant digits at most, exponents without a leading zero.
-std::string number(double value) {
-    char text[32];
-    if (std::abs(value) < 1e15 && value == std::trunc(value)) {
-        return std::string(text, std::to_chars(text, text + sizeof text, static_cast<long long>(value)).ptr);
-    }
-    std::string digits(text, std::to_chars(text, text + sizeof text, value, std::chars_format::general, 15).ptr);
-    const std::size_t exponent = digits.find('e');
-    if (exponent != std::string::npos && digits[exponent + 2] == '0') {
-        digits.erase(exponent + 2, 1);
-    }
-    return digits;
-}
+ private:
+    char text_[32];
+    char* end_;
+};
 
 // How long CPLEX takes a word to be: it counts the bytes that the word would have
 // in UTF-8, read as ISO-8859-1.
@@ -63,59 +47,64 @@ std::size_t length_of(std::string_view word) {
     return word.size() + static_cast<std::size_t>(std::count_if(word.begin(), word.end(), beyond_ascii));
 }
 
+void add_all(text_block& text, std::initializer_list<std::string_view> pieces) {
+    for (const std::string_view piece : pieces) {
+        text.add(piece);
+    }
+}
+
 // Gathers the words of one row or of the objective and breaks lines between them.
 class line_filler {
  public:
-    explicit line_filler(std::string& text) : text_(text) {}
+    explicit line_filler(text_block& text) : text_(text) {}
 
     // The label stands at the start of a line, padded to a width.
     void start(std::string_view label, std::size_t width) {
-        text_.append(" ").append(label).append(":");
-        text_.append(width > label.size() ? width - label.size() : 0, ' ');
+        text_.add(' ');
+        text_.add(label);
+        text_.add(':');
+        text_.add_blanks(width > label.size() ? width - label.size() : 0);
         length_ = std::max(width, label.size()) + 2;
         indent_ = std::min(length_ + 1, widest_indent);
         first_ = true;
     }
-    void add(std::string_view word) {
-        const std::size_t length = length_of(word);
+    // A word may be given in two pieces, the first of them plain ASCII.
+    void add(std::string_view beginning, std::string_view rest) {
+        const std::size_t length = beginning.size() + length_of(rest);
         if (length_ + 1 + length > line_limit && length_ >= indent_) {
-            text_ += '\n';
-            text_.append(indent_, ' ');
+            text_.add('\n');
+            text_.add_blanks(indent_);
             length_ = indent_;
         } else {
-            text_ += ' ';
+            text_.add(' ');
             length_ += 1;
         }
-        text_ += word;
+        text_.add(beginning);
+        text_.add(rest);
         length_ += length;
         first_ = false;
     }
+    void add_term(double coefficient, std::string_view name) {
+        const std::string_view sign = coefficient < 0.0 ? "- " : first_ ? "" : "+ ";
+        const double size = std::abs(coefficient);
+        if (size == 1.0) {
+            add(sign, name);
+        } else {
+            add(std::string(sign).append(number_text(size)).append(" "), name);
+        }
+    }
     bool first() const { return first_; }
-    void end() { text_ += '\n'; }
+    void end() { text_.add('\n'); }
 
  private:
-    std::string& text_;
+    text_block& text_;
     std::size_t length_ = 0;
     std::size_t indent_ = 0;
     bool first_ = true;
 };
 
-void add_term(line_filler& line, double coefficient, std::string_view name, std::string& word) {
-    word.clear();
-    if (coefficient < 0.0) {
-        word += "- ";
-    } else if (!line.first()) {
-        word += "+ ";
-    }
-    const double size = std::abs(coefficient);
-    if (size != 1.0) {
-        word.append(number(size)).append(" ");
-    }
-    line.add(word.append(name));
-}
-
 // Terms with a coefficient, and those columns that would not be named otherwise.
-void add_objective(const model_record& record, const std::vector<std::string>& columns, std::string& text) {
+void add_objective(const model_record& record, const name_list& columns, text_block& text) {
     std::vector<char> in_row(columns.size(), 0);
     for (std::size_t t = 0; t < record.row_column.size(); ++t) {
         if (record.row_value[t] != 0.0) {
@@ -123,81 +112,79 @@ void add_objective(const model_record& record, const std::vector<std::string>& c
         }
     }
     line_filler line(text);
-    const std::string name = record.objective_name.empty() ? "obj1" : record.objective_name;
-    line.start(lp_names({name}, '\0').front(), 0);
-    std::string word;
+    name_list name;
+    name.push_back(record.objective_name.empty() ? "obj1" : record.objective_name);
+    line.start(lp_names(name, '\0')[0], 0);
     for (std::size_t c = 0; c < columns.size(); ++c) {
         if (record.column_objective[c] != 0.0 || in_row[c] == 0) {
-            add_term(line, record.column_objective[c], columns[c], word);
+            line.add_term(record.column_objective[c], columns[c]);
         }
     }
     if (record.objective_constant != 0.0) {
-        const char* sign = record.objective_constant < 0.0 ? "- " : line.first() ? "" : "+ ";
-        line.add(sign + number(std::abs(record.objective_constant)));
+        const std::string_view sign = record.objective_constant < 0.0 ? "- " : line.first() ? "" : "+ ";
+        line.add(sign, number_text(std::abs(record.objective_constant)));
     }
     line.end();
 }
 
-std::string right_side(double lower, double upper) {
+void add_right_side(line_filler& line, double lower, double upper) {
     if (lower == upper) {
-        return " = " + number(upper);
+        line.add(" = ", number_text(upper));
+    } else if (upper < infinity) {
+        line.add("<= ", number_text(upper));
+    } else {
+        line.add(">= ", number_text(lower));
     }
-    return upper < infinity ? "<= " + number(upper) : ">= " + number(lower);
 }
 
-void add_rows(const model_record& record, const std::vector<std::string>& columns, std::string& text,
-              std::ostream& out) {
-    const std::vector<std::string> rows = lp_names(record.row_names, 'c');
+void add_rows(const model_record& record, const name_list& columns, text_block& text) {
+    const name_list rows = lp_names(record.row_names, 'c');
     std::size_t width = 0;
-    for (const std::string& row : rows) {
-        width = std::max(width, row.size());
+    for (std::size_t r = 0; r < rows.size(); ++r) {
+        width = std::max(width, rows[r].size());
     }
     width = std::min(width, widest_indent - 3);
     line_filler line(text);
-    std::string word;
     for (std::size_t r = 0; r < rows.size(); ++r) {
         line.start(rows[r], width);
         for (std::size_t t = record.row_start[r]; t < record.row_start[r + 1]; ++t) {
             if (record.row_value[t] != 0.0) {
-                add_term(line, record.row_value[t], columns[static_cast<std::size_t>(record.row_column[t])], word);
+                line.add_term(record.row_value[t], columns[static_cast<std::size_t>(record.row_column[t])]);
             }
         }
-        line.add(right_side(record.row_lower[r], record.row_upper[r]));
+        add_right_side(line, record.row_lower[r], record.row_upper[r]);
         line.end();
-        if (text.size() > (std::size_t{1} << 20)) {
-            out << text;
-            text.clear();
-        }
     }
 }
 
-void add_bounds(const model_record& record, const std::vector<std::string>& columns, std::string& text) {
-    const char* title = "Bounds\n";
+void add_bounds(const model_record& record, const name_list& columns, text_block& text) {
+    std::string_view title = "Bounds\n";
     for (std::size_t c = 0; c < columns.size(); ++c) {
         const double lower = record.column_lower[c];
         const double upper = record.column_upper[c];
         if (lower == 0.0 && upper == infinity) {
             continue;
         }
-        text.append(title);
-        title = "";
+        text.add(title);
+        title = {};
         if (lower == -infinity && upper == infinity) {
-            text.append("      ").append(columns[c]).append(" Free\n");
+            add_all(text, {"      ", columns[c], " Free\n"});
         } else if (lower == upper) {
-            text.append("      ").append(columns[c]).append(" = ").append(number(upper)).append("\n");
+            add_all(text, {"      ", columns[c], " = ", number_text(upper), "\n"});
         } else if (upper == infinity) {
-            text.append("      ").append(columns[c]).append(" >= ").append(number(lower)).append("\n");
+            add_all(text, {"      ", columns[c], " >= ", number_text(lower), "\n"});
+        } else if (lower == -infinity) {
+            add_all(text, {" -Inf <= ", columns[c], " <= ", number_text(upper), "\n"});
         } else {
-            text.append(lower < 0.0 && lower > -infinity ? "" : " ")
-                .append(lower == -infinity ? "-Inf" : number(lower));
-            text.append(" <= ").append(columns[c]).append(" <= ").append(number(upper)).append("\n");
+            const std::string_view blank = lower < 0.0 ? "" : " ";
+            add_all(text, {blank, number_text(lower), " <= ", columns[c], " <= ", number_text(upper), "\n"});
         }
     }
 }
 
 // One blank before a line's first name and two after each name but its last.
-void add_integral_columns(const model_record& record, const std::vector<std::string>& columns, bool binary,
-                          const char* title, std::string& text) {
+void add_integral_columns(const model_record& record, const name_list& columns, bool binary, std::string_view title,
+                          text_block& text) {
     std::size_t length = 0;
     for (std::size_t c = 0; c < columns.size(); ++c) {
         const bool is_binary = record.column_lower[c] >= 0.0 && record.column_upper[c] <= 1.0;
@@ -206,71 +193,39 @@ void add_integral_columns(const model_record& record, const std::vector<std::str
         }
         const std::size_t name_length = length_of(columns[c]);
         if (length == 0) {
-            text.append(title).append("\n ");
+            add_all(text, {title, "\n "});
             length = 1;
         } else if (length + 2 + name_length > line_limit) {
-            text += "\n ";
+            text.add("\n ");
             length = 1;
         } else {
-            text += ' ';
+            text.add(' ');
             length += 1;
         }
-        text.append(columns[c]).append(" ");
+        add_all(text, {columns[c], " "});
         length += name_length + 1;
     }
     if (length > 0) {
-        text += '\n';
+        text.add('\n');
     }
-}
-
-// A name that some unnamed item gets by default.
-bool is_default_name(const std::string& name, char prefix, const std::vector<std::string>& names) {
-    if (name.size() < 2 || name[0] != prefix || name[1] == '0') {
-        return false;
-    }
-    std::size_t position = 0;
-    const char* end = name.data() + name.size();
-    const auto parsed = std::from_chars(name.data() + 1, end, position);
-    return parsed.ec == std::errc() && parsed.ptr == end && position <= names.size() && names[position - 1].empty();
 }
 
 }  // namespace
 
-std::vector<std::string> lp_names(const std::vector<std::string>& names, char prefix) {
-    bool tagged = false;
-    std::unordered_set<std::string_view> seen;
-    std::vector<std::string> legal(names.size());
-    for (std::size_t i = 0; i < names.size(); ++i) {
-        if (names[i].empty()) {
-            legal[i] = prefix + std::to_string(i + 1);
-            continue;
-        }
-        legal[i] = legal_name(names[i]);
-        tagged =
-            tagged || legal[i] != names[i] || !seen.insert(names[i]).second || is_default_name(names[i], prefix, names);
-    }
-    if (tagged) {
-        for (std::size_t i = 0; i < legal.size(); ++i) {
-            legal[i] += '#' + std::to_string(i);
-        }
-    }
-    return legal;
-}
-
 void write_lp(const model_record& record, std::ostream& out) {
-    const std::vector<std::string> columns = lp_names(record.column_names, 'x');
-    std::string text = "\\ENCODING=ISO-8859-1\n\\Problem name: \n\n";
-    text += record.maximize ? "Maximize\n" : "Minimize\n";
+    const name_list columns = lp_names(record.column_names, 'x');
+    text_block text(out);
+    text.add("\\ENCODING=ISO-8859-1\n\\Problem name: \n\n");
+    text.add(record.maximize ? "Maximize\n" : "Minimize\n");
     add_objective(record, columns, text);
     if (record.num_rows() > 0) {
-        text += "Subject To\n";
-        add_rows(record, columns, text, out);
+        text.add("Subject To\n");
+        add_rows(record, columns, text);
     }
     add_bounds(record, columns, text);
     add_integral_columns(record, columns, true, "Binaries", text);
     add_integral_columns(record, columns, false, "Generals", text);
-    text += "End\n";
-    out << text;
+    text.add("End\n");
 }
 
 bool write_lp_file(const model_record& record, const char* path) {

@@ -12,9 +12,4 @@ void write_lp(const model_record& record, std::ostream& out);
 // Returns false when the file cannot be written; nothing is thrown or reported.
 bool write_lp_file(const model_record& record, const char* path);
 
-// The legal, distinct names that the LP file uses for rows or columns: prefix
-// ('c' or 'x') and number for an unnamed one; if any name is illegal or repeats,
-// every one gets '#' and its position.
-std::vector<std::string> lp_names(const std::vector<std::string>& names, char prefix);
-
 }  // namespace solver

@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <string_view>
 #include <utility>
 
 #include "solver/environment.hpp"
@@ -8,8 +9,8 @@ namespace {
 
 using row_term = std::pair<int, double>;  // column, coefficient
 
-std::string name_of(const extractable_data& item) {
-    return item.name == nullptr ? std::string() : std::string(item.name);
+std::string_view name_of(const extractable_data& item) {
+    return item.name == nullptr ? std::string_view() : item.name;
 }
 
 class record_maker {

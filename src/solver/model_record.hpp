@@ -9,6 +9,8 @@
 #include <string>
 #include <vector>
 
+#include "solver/name_list.hpp"
+
 namespace solver {
 
 inline constexpr double infinity = std::numeric_limits<double>::infinity();
@@ -29,15 +31,15 @@ struct model_record {
     std::vector<double> column_upper;
     std::vector<char> column_integral;  // 1 = must take an integer value
     std::vector<double> column_objective;
-    std::vector<double> column_priority;    // branching priority, 0 = none
-    std::vector<std::string> column_names;  // empty = unnamed
+    std::vector<double> column_priority;  // branching priority, 0 = none
+    name_list column_names;               // empty = unnamed
 
     std::vector<std::size_t> row_start{0};  // number of rows + 1 entries
     std::vector<int> row_column;
     std::vector<double> row_value;
-    std::vector<double> row_lower;       // -infinity = none
-    std::vector<double> row_upper;       // infinity = none
-    std::vector<std::string> row_names;  // empty = unnamed
+    std::vector<double> row_lower;  // -infinity = none
+    std::vector<double> row_upper;  // infinity = none
+    name_list row_names;            // empty = unnamed
 
     bool maximize = true;
     double objective_constant = 0.0;

@@ -13,8 +13,8 @@ namespace solver {
 namespace {
 
 std::string column_label(const model_record& record, int column) {
-    const std::string& name = record.column_names[static_cast<std::size_t>(column)];
-    return name.empty() ? "column " + std::to_string(column + 1) : name;
+    const std::string_view name = record.column_names[static_cast<std::size_t>(column)];
+    return name.empty() ? "column " + std::to_string(column + 1) : std::string(name);
 }
 
 // A slack that grows with the row: each term brings its own error.

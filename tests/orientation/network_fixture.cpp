@@ -10,7 +10,7 @@
 #include "input/name_table.hpp"
 #include "input/orientation_arcs.hpp"
 #include "orientation/prepare_ilp.hpp"
-#include "solver/lp_file.hpp"
+#include "solver/lp_names.hpp"
 
 namespace {
 
@@ -107,14 +107,14 @@ std::string network_test::comp_arcs() {
 
 std::vector<std::string> network_test::flow_rows() const {
     const solver::model_record record = IloCplex(model).record();
-    const std::vector<std::string> names = solver::lp_names(record.column_names, 'x');
+    const solver::name_list names = solver::lp_names(record.column_names, 'x');
     std::vector<std::string> rows;
     for (std::size_t row = network_rows; row < record.row_upper.size(); ++row) {
         std::string text;
         for (std::size_t term = record.row_start[row]; term < record.row_start[row + 1]; ++term) {
             EXPECT_EQ(std::abs(record.row_value[term]), 1.0);
             const char* sign = record.row_value[term] < 0 ? "- " : text.empty() ? "" : "+ ";
-            text += sign + names[record.row_column[term]] + " ";
+            text.append(sign).append(names[record.row_column[term]]).append(" ");
         }
         EXPECT_EQ(record.row_upper[row], 0.0);
         rows.push_back(text + "<= 0");

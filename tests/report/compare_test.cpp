@@ -12,8 +12,8 @@ solver::solve_answer answer_by_name(const solver::model_record& record, const so
     asked = record;
     solver::solve_answer answer;
     answer.status = solver::solve_status::optimal;
-    for (const std::string& name : record.column_names) {
-        answer.values.push_back(answer_values[name]);
+    for (std::size_t c = 0; c < record.column_names.size(); ++c) {
+        answer.values.push_back(answer_values[std::string(record.column_names[c])]);
     }
     return answer;
 }

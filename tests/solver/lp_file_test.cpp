@@ -12,6 +12,7 @@
 #include "orientation/prepare_ilp.hpp"
 #include "solver/cplex_problem.hpp"
 #include "solver/lp_file.hpp"
+#include "solver/lp_names.hpp"
 #include "test_models.hpp"
 
 using namespace solver;
@@ -39,14 +40,18 @@ std::string our_text(const model_record& record) {
 // What CPLEX itself writes for the same rows, columns and names.
 std::string cplex_text(const model_record& record) {
     const cplex::loaded_problem loaded(test_cplex_library, record);
-    const auto set_names = [&](const char* call, const std::vector<std::string>& names) {
+    const auto set_names = [&](const char* call, const name_list& names) {
         std::vector<int> positions;
-        std::vector<const char*> texts;
+        std::vector<std::string> given;
         for (std::size_t i = 0; i < names.size(); ++i) {
             if (!names[i].empty()) {
                 positions.push_back(static_cast<int>(i));
-                texts.push_back(names[i].c_str());
+                given.emplace_back(names[i]);
             }
+        }
+        std::vector<const char*> texts;
+        for (const std::string& name : given) {
+            texts.push_back(name.c_str());
         }
         const int count = static_cast<int>(texts.size());
         if (count > 0) {
@@ -165,11 +170,11 @@ End
 
 TEST(lp_file, tags_and_replaces_names) {
     using names = std::vector<std::string>;
-    EXPECT_EQ(lp_names({"a", "", "b"}, 'x'), (names{"a", "x2", "b"}));
-    EXPECT_EQ(lp_names({"a", "", "a"}, 'x'), (names{"a#0", "x2#1", "a#2"}));
-    EXPECT_EQ(lp_names({"x2", ""}, 'x'), (names{"x2#0", "x2#1"}));
-    EXPECT_EQ(lp_names({"x3", "x01", "x"}, 'x'), (names{"x3", "x01", "x"}));
-    EXPECT_EQ(lp_names({"a\tb\x7f", "e1", "-"}, 'x'), (names{"a_b_#0", "_e1#1", "_m#2"}));
+    EXPECT_EQ(lp_names(names{"a", "", "b"}, 'x'), (names{"a", "x2", "b"}));
+    EXPECT_EQ(lp_names(names{"a", "", "a"}, 'x'), (names{"a#0", "x2#1", "a#2"}));
+    EXPECT_EQ(lp_names(names{"x2", ""}, 'x'), (names{"x2#0", "x2#1"}));
+    EXPECT_EQ(lp_names(names{"x3", "x01", "x"}, 'x'), (names{"x3", "x01", "x"}));
+    EXPECT_EQ(lp_names(names{"a\tb\x7f", "e1", "-"}, 'x'), (names{"a_b_#0", "_e1#1", "_m#2"}));
 }
 
 TEST(lp_file, goes_where_it_can_be_written) {

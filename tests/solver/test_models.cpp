@@ -13,7 +13,7 @@ solver::model_record record_of(const std::vector<column>& columns, const std::ve
         record.column_integral.push_back(each.integral ? 1 : 0);
     }
     record.column_priority.resize(columns.size());
-    record.column_names.resize(columns.size());
+    record.column_names = std::vector<std::string>(columns.size());
     for (const row& each : rows) {
         for (std::size_t c = 0; c < each.coefficients.size(); ++c) {
             if (each.coefficients[c] != 0.0) {
@@ -25,7 +25,7 @@ solver::model_record record_of(const std::vector<column>& columns, const std::ve
         record.row_lower.push_back(each.lower);
         record.row_upper.push_back(each.upper);
     }
-    record.row_names.resize(rows.size());
+    record.row_names = std::vector<std::string>(rows.size());
     return record;
 }
 

@@ -32,6 +32,14 @@ std::vector<value_type> picked(const std::vector<value_type>& values, const std:
     return result;
 }
 
+name_list picked(const name_list& names, const std::vector<int>& order) {
+    name_list result;
+    for (const int index : order) {
+        result.push_back(names[at(index)]);
+    }
+    return result;
+}
+
 }  // namespace
 
 model_record neutral_record(const model_record& record, const reach_structure& structure, std::vector<int>& order) {

@@ -4,7 +4,7 @@
 #include <cmath>
 #include <cstdint>
 #include <numeric>
-#include <string>
+#include <string_view>
 #include <utility>
 
 #include "solver/structure/index.hpp"
@@ -16,7 +16,7 @@ constexpr int none = -1;
 constexpr double largest_weight = 1e9;  // sums of weights stay exact in a double
 
 // FNV-1a with a final mix: neighbouring names land far apart.
-std::uint64_t hash_of(const std::string& name) {
+std::uint64_t hash_of(std::string_view name) {
     std::uint64_t hash = 14695981039346656037ULL;
     for (const char character : name) {
         hash = (hash ^ static_cast<unsigned char>(character)) * 1099511628211ULL;
@@ -98,8 +98,8 @@ class structure_finder {
             gate_of_[at(columns[i])] = 0;
         }
         if (size == 2) {
-            const std::string& first = record_.column_names[at(gates[0])];
-            const std::string& second = record_.column_names[at(gates[1])];
+            const std::string_view first = record_.column_names[at(gates[0])];
+            const std::string_view second = record_.column_names[at(gates[1])];
             const std::uint64_t first_hash = hash_of(first);
             const std::uint64_t second_hash = hash_of(second);
             if (second_hash < first_hash || (second_hash == first_hash && second < first)) {

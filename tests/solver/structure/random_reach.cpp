@@ -28,7 +28,7 @@ void add_row(model_record& record, int first, const std::vector<int>& others, do
     record.row_start.push_back(record.row_column.size());
     record.row_lower.push_back(-solver::infinity);
     record.row_upper.push_back(upper);
-    record.row_names.emplace_back();
+    record.row_names.push_back({});
 }
 
 model_record draw_reach_model(unsigned seed, const reach_plan& plan) {

@@ -33,7 +33,7 @@ std::set<std::string> names_at_one(const model_record& record, const std::vector
     std::set<std::string> names;
     for (std::size_t c = 0; c < values.size(); ++c) {
         if (values[c] == 1.0 && !record.column_names[c].empty()) {
-            names.insert(record.column_names[c]);
+            names.emplace(record.column_names[c]);
         }
     }
     return names;
