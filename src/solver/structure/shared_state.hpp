@@ -38,7 +38,7 @@ class shared_state {
         return {entering_.data() + entering_start_[v], entering_.data() + entering_start_[v + 1]};
     }
     bool reached(int node) const { return node < 0 || nodes_[static_cast<std::size_t>(node)].live_entering > 0; }
-    bool is_open(int gate) const { return open_[static_cast<std::size_t>(gate + 1)] != 0; }
+    bool is_open(int gate) const { return open_[static_cast<std::size_t>(gate) + 1] != 0; }
 
  private:
     // What a turn reads stands together: the search spends its time here.
@@ -58,7 +58,7 @@ class shared_state {
         int head;
     };
 
-    void open(int gate, bool is_open) { open_[static_cast<std::size_t>(gate + 1)] = is_open ? 1 : 0; }
+    void open(int gate, bool is_open) { open_[static_cast<std::size_t>(gate) + 1] = is_open ? 1 : 0; }
     void change(int node, int by);
     void spread();
     void count(node_state& state, int node, bool reached);
