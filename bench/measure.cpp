@@ -1,6 +1,9 @@
 // Runs a command with its output in a file, and prints what it cost:
 //
-//   measure OUTPUT COMMAND [ARGUMENT]...
+//   measure [-i SECONDS] OUTPUT COMMAND [ARGUMENT]...
+//
+// With -i the command is interrupted (SIGINT) when it has not ended by then, and once
+// more when it has still not ended ten seconds later.
 //
 // "cpu SECONDS wall SECONDS peak MEGABYTES status NUMBER": processor time of user
 // and system, highest resident memory, exit status (128 + signal when killed).
@@ -10,7 +13,10 @@
 #include <unistd.h>
 
 #include <chrono>
+#include <csignal>
 #include <cstdio>
+#include <cstdlib>
+#include <cstring>
 
 namespace {
 
@@ -18,15 +24,28 @@ double seconds(const timeval& time) {
     return static_cast<double>(time.tv_sec) + 1e-6 * static_cast<double>(time.tv_usec);
 }
 
+volatile pid_t child = 0;
+
+void interrupt_child(int) {
+    kill(child, SIGINT);
+    alarm(10);
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
+    unsigned limit = 0;
+    if (argc > 2 && std::strcmp(argv[1], "-i") == 0) {
+        limit = static_cast<unsigned>(std::atoi(argv[2]));
+        argc -= 2;
+        argv += 2;
+    }
     if (argc < 3) {
-        std::fprintf(stderr, "usage: measure OUTPUT COMMAND [ARGUMENT]...\n");
+        std::fprintf(stderr, "usage: measure [-i SECONDS] OUTPUT COMMAND [ARGUMENT]...\n");
         return 1;
     }
     const auto start = std::chrono::steady_clock::now();
-    const pid_t child = fork();
+    child = fork();
     if (child == 0) {
         const int output = open(argv[1], O_WRONLY | O_CREAT | O_TRUNC, 0666);
         if (output < 0 || dup2(output, STDOUT_FILENO) < 0 || dup2(output, STDERR_FILENO) < 0) {
@@ -34,6 +53,10 @@ int main(int argc, char** argv) {
         }
         execvp(argv[2], argv + 2);
         _exit(127);
+    }
+    if (limit > 0) {
+        std::signal(SIGALRM, interrupt_child);
+        alarm(limit);
     }
     int status = 0;
     rusage usage{};

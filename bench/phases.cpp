@@ -1,15 +1,18 @@
 // Runs the program's phases one by one and prints what each of them costs:
 //
-//   phases INPUT/ OUTPUT/ [nosolve]
+//   phases INPUT/ OUTPUT/ [SECONDS]
 //
-// "phase NAME SECONDS" is processor time of user and system; "stage NAME SECONDS"
-// splits the solve by what the back end says it is doing. "mark" is the marking of
-// shortest-path arcs done once more by itself, and "model" what prepare_ilp takes
-// beyond that. "peak NAME MEGABYTES" is the highest resident memory so far.
+// The solve is told to end SECONDS after the program began; with 0 there is none.
+//
+// "phase NAME SECONDS" is processor time of user and system; "stage SECONDS NAME"
+// splits the solve by what the back end reports to have done. "mark" is the marking
+// of shortest-path arcs done once more by itself, and "model" what prepare_ilp takes
+// beyond that. "peak NAME MEGABYTES" is the highest resident memory so far, and
+// "reached SECONDS VALUE BOUND" what was known that long after the program began.
 #include <sys/resource.h>
 
 #include <cstdio>
-#include <cstring>
+#include <cstdlib>
 #include <ctime>
 #include <map>
 #include <string>
@@ -42,17 +45,23 @@ double timed(const phase_function& phase) {
     return processor_time() - start;
 }
 
-// A solve is told by its stages only when one begins.
-struct stage_clock {
+// Notes what a solve reports: a report ends the stage that it names.
+struct solve_log {
     std::map<std::string, double> seconds;
-    std::string stage = "start";
     double since = processor_time();
+    double value = 0.0;
+    double bound = 0.0;
 
-    void enter(const char* next) {
-        if (stage != next) {
-            seconds[stage] += processor_time() - since;
-            stage = next;
-            since = processor_time();
+    void end_stage(const char* stage) {
+        seconds[stage] += processor_time() - since;
+        since = processor_time();
+    }
+    void take(const solver::solve_progress& progress) {
+        end_stage(progress.stage);
+        if (progress.value != value || progress.bound != bound) {
+            value = progress.value;
+            bound = progress.bound;
+            std::printf("reached %.3f %.0f %.0f\n", since, value, bound);
         }
     }
 };
@@ -61,11 +70,11 @@ struct stage_clock {
 
 int main(int argc, char** argv) {
     if (argc < 3) {
-        std::fprintf(stderr, "usage: phases INPUT/ OUTPUT/ [nosolve]\n");
+        std::fprintf(stderr, "usage: phases INPUT/ OUTPUT/ [SECONDS]\n");
         return 1;
     }
     const std::string output = argv[2];
-    const bool solves = argc < 4 || std::strcmp(argv[3], "nosolve") != 0;
+    const double limit = argc > 3 ? std::atof(argv[3]) : solver::infinity;
     const auto print_phase = [](const char* name, double time) { std::printf("phase %s %.3f\n", name, time); };
 
     IloModel model(env);
@@ -96,14 +105,14 @@ int main(int argc, char** argv) {
                     boost::num_vertices(bi_graph), boost::num_edges(bi_graph), sources.size(), num_of_pairs,
                     record.num_rows(), record.num_columns());
     }
-    if (solves) {
-        stage_clock stages;
-        cplex.set_watch({.stop_requested = [] { return false; },
-                         .report = [&](const solver::solve_progress& progress) { stages.enter(progress.stage); }});
+    if (limit > 0.0) {
+        solve_log log;
+        cplex.set_watch({.stop_requested = [&] { return processor_time() > limit; },
+                         .report = [&](const solver::solve_progress& progress) { log.take(progress); }});
         print_phase("solve", timed([&] { compare(cplex, model, 0); }));
-        stages.enter("");
-        for (const auto& [stage, time] : stages.seconds) {
-            std::printf("stage %s %.3f\n", stage.c_str(), time);
+        log.end_stage("answer");
+        for (const auto& [stage, time] : log.seconds) {
+            std::printf("stage %.3f %s\n", time, stage.c_str());
         }
         print_peak("solve");
         print_phase("solution_graph", timed([&] { write_network(output + "solution_graph.txt"); }));
