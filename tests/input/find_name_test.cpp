@@ -2,6 +2,7 @@
 // try: the misses and the last position are part of what it promises.
 #include <cmath>
 #include <cstring>
+#include <random>
 
 #include "input/name_table.hpp"
 #include "support/run_state.hpp"
@@ -88,4 +89,28 @@ TEST(find_name, answers_not_found_where_an_entry_has_no_name) {
     EXPECT_FALSE(find_name(table.data(), "A", -1, &mid));
     EXPECT_FALSE(find_name(table.data(), "", 1, &mid));
     EXPECT_EQ(mid, 0);
+}
+
+// Names that push one another out, some of them several times in the table, asked for
+// again and again in any order.
+TEST(protein_finder, finds_what_the_search_finds) {
+    reset_run_state();
+    std::mt19937 engine(1);
+    for (const int max_id : {0, 1, 2, 3, 4, 700, 9999}) {
+        for (int i = 0; i <= max_id; ++i) {
+            const std::string name = i < max_id ? std::to_string(100000 + i - i % 3) : "";
+            protein_names_map[i].protein = add_protein(name);
+            protein_names_map[i].name = std::make_unique<char[]>(max_name_length + 1);
+            name.copy(protein_names_map[i].name.get(), max_name_length);
+        }
+        protein_finder finder(max_id);
+        for (int i = 0; i < 5 * max_id + 10; ++i) {
+            const std::string name =
+                engine() % 50 == 0 ? "" : std::to_string(100000 + engine() % static_cast<unsigned>(max_id + 2));
+            int mid = 0;
+            const bool found = find_name(protein_names_map, name.c_str(), max_id, &mid);
+            ASSERT_EQ(finder.find(name), found ? protein_names_map[mid].protein : nullptr) << max_id << ' ' << name;
+        }
+    }
+    reset_run_state();
 }
