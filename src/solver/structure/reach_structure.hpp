@@ -11,6 +11,10 @@
 // an arc without a propagation row to its node. With a cycle it could do so without
 // a chain, so such a model does not fit.
 //
+// Looking for a network in the rows of a program is an old idea (Bixby and Fourer 1988,
+// for rows of flow conservation); these four kinds are our own model's. Bounded: a few
+// passes over the rows, and a sort of what enters each node.
+//
 // Nothing here depends on the order in which the two gates of a choice, or the arcs
 // of a node, stand in the rows: gates stand in the order of a hash of their names,
 // arcs in the order of their gates. Of many best answers the one that is found then

@@ -1,4 +1,8 @@
 // From chosen directions to values for every column of the model, and back.
+//
+// Exact by the structure's order of nodes, each after the tails of what enters it: one
+// pass forward finds what open arcs reach, one pass backward what of that lies on the
+// way to a demand. Bounded: each function passes over the structure at most twice.
 #pragma once
 
 #include <vector>

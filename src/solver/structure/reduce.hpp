@@ -4,7 +4,9 @@
 // surely reach, and which gates some remaining pair can use at all. Choices that only
 // one direction can use take it (settle.hpp says why that is exact), until nothing
 // more is decided. Only then every remaining pair gets a network of its own, which
-// settle() cuts down further.
+// settle() cuts down further. It is the rule that a variable that appears with one
+// sign only takes that sign (Davis and Putnam 1960), with reachability to tell what
+// still appears.
 //
 // Bounded: a pass costs the arcs of the model, and every pass but the last decides a
 // choice; the networks of the pairs together hold no more arcs than the pairs' chains.

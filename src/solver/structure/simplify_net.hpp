@@ -3,8 +3,13 @@
 // Exact by reachability: what a chain of open arcs reaches from the root is the root,
 // what reaches the target by one is the target; an arc into the first, out of the
 // second, through a closed gate or off every chain changes nothing; an open arc that
-// is the only way out of its tail, or the only way into its head, joins the two.
-// Each pass takes time linear in the arcs, and every pass but the last removes one.
+// is the only way out of its tail, or the only way into its head, joins the two. Of
+// two arcs from one node to another, one goes if the other is open or has its gate.
+// These are series and parallel reductions (Duffin 1965), taken only where a gate is
+// open or shared: two gates in a row or side by side stay two.
+//
+// Bounded: a pass sorts the arcs and walks over them a few times, and every pass but
+// the last removes one.
 #pragma once
 
 #include "solver/structure/contested_problem.hpp"
