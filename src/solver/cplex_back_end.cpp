@@ -19,7 +19,8 @@ using namespace cplex;
 // back at its own times, but looks at the stop flag often, also inside a long LP.
 class watcher {
  public:
-    watcher(const library& calls, const solve_watch& watch, bool maximizes) : calls_(calls), watch_(watch) {
+    watcher(const library& calls, const solve_watch& watch, bool maximizes, volatile int& stop)
+        : calls_(calls), watch_(watch), stop_(stop) {
         progress_ = {"solve", maximizes ? -infinity : infinity, maximizes ? infinity : -infinity};
         thread_ = std::thread([this] { run(); });
     }
@@ -33,8 +34,6 @@ class watcher {
     }
     watcher(const watcher&) = delete;
     watcher& operator=(const watcher&) = delete;
-
-    volatile int* stop_flag() { return &stop_; }
 
     // Notes the state of the search; to be registered with the watcher as user.
     static int on_progress(callback_context* context, long long, void* user) {
@@ -70,7 +69,7 @@ class watcher {
 
     const library& calls_;
     const solve_watch& watch_;
-    volatile int stop_ = 0;
+    volatile int& stop_;
     solve_progress progress_;
     bool solved_ = false;
     std::mutex mutex_;
@@ -110,11 +109,12 @@ solve_status status_of(int code) {
     }
 }
 
-solve_answer solve_loaded(loaded_problem& problem, const model_record& record, const solve_watch& watch) {
+solve_answer solve_loaded(loaded_problem& problem, const model_record& record, const solve_watch& watch,
+                          volatile int& stop) {
     const library& calls = problem.calls;
     const bool is_mip = record.has_integral_column();
-    watcher watching(calls, watch, record.maximize);
-    problem.require(calls.CPXsetterminate(problem.env, watching.stop_flag()));
+    problem.require(calls.CPXsetterminate(problem.env, &stop));
+    watcher watching(calls, watch, record.maximize, stop);
     if (is_mip) {
         problem.require(calls.CPXcallbacksetfunc(problem.env, problem.lp, context_global_progress,
                                                  &watcher::on_progress, &watching));
@@ -144,9 +144,10 @@ solve_answer solve_loaded(loaded_problem& problem, const model_record& record, c
 
 solve_answer solve_with_cplex_at(const std::string& library_path, const model_record& record,
                                  const solve_watch& watch) {
+    volatile int stop = 0;  // outlives the environment, which looks at it until it closes
     try {
         loaded_problem problem(library_path, record);
-        return solve_loaded(problem, record, watch);
+        return solve_loaded(problem, record, watch, stop);
     } catch (const std::runtime_error& error) {
         solve_answer answer;
         answer.status = solve_status::error;
