@@ -162,7 +162,8 @@ void add_bounds(const model_record& record, const name_list& columns, text_block
     for (std::size_t c = 0; c < columns.size(); ++c) {
         const double lower = record.column_lower[c];
         const double upper = record.column_upper[c];
-        if (lower == 0.0 && upper == infinity) {
+        // The format's own bounds go without saying, but for whole numbers.
+        if (lower == 0.0 && upper == infinity && record.column_integral[c] == 0) {
             continue;
         }
         text.add(title);
