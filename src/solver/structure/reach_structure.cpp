@@ -1,6 +1,7 @@
 #include "solver/structure/reach_structure.hpp"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <cstdint>
 #include <numeric>
@@ -202,12 +203,15 @@ class structure_finder {
                 ++found_.node_first_arc[at(node_of_flow_[at(c)]) + 1];
             }
         }
+        const auto gate_of_flow = [this](int flow) { return gate_of_[at(flow_gate_column_[at(flow)])]; };
+        std::stable_sort(found_.idle_columns.begin(), found_.idle_columns.end(),
+                         [&](int one, int other) { return gate_of_flow(one) < gate_of_flow(other); });
         std::partial_sum(found_.node_first_arc.begin(), found_.node_first_arc.end(), found_.node_first_arc.begin());
         std::vector<std::pair<int, int>> arcs(at(found_.node_first_arc.back()));  // gate, flow
         std::vector<int> next = found_.node_first_arc;
         for (int c = 0; c < record_.num_columns(); ++c) {
             if (is_flow(c) && node_of_flow_[at(c)] != none) {
-                arcs[at(next[at(node_of_flow_[at(c)])]++)] = {gate_of_[at(flow_gate_column_[at(c)])], c};
+                arcs[at(next[at(node_of_flow_[at(c)])]++)] = {gate_of_flow(c), c};
             }
         }
         for (std::size_t v = 0; v < node_size_.size(); ++v) {

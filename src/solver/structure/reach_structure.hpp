@@ -21,7 +21,6 @@
 // says nothing about the order in which an input file names two ends.
 #pragma once
 
-#include <array>
 #include <optional>
 #include <vector>
 
