@@ -5,7 +5,6 @@
 #include <cstddef>
 #include <deque>
 #include <memory>
-#include <string_view>
 #include <vector>
 
 #include "solver/concert.hpp"

@@ -1,6 +1,5 @@
 // The whole record through HiGHS, as it stands. Priorities, the root algorithm,
 // the branching rule, the dives and the memory bound have no counterpart there.
-#include <string>
 #include <utility>
 #include <vector>
 

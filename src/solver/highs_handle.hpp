@@ -3,7 +3,6 @@
 #pragma once
 
 #include <memory>
-#include <string>
 #include <vector>
 
 #include <interfaces/highs_c_api.h>

@@ -10,7 +10,6 @@
 // row is valid.
 #pragma once
 
-#include <utility>
 #include <vector>
 
 #include "solver/structure/row_program.hpp"

@@ -1,6 +1,5 @@
 #include "solver/structure/reach_values.hpp"
 
-#include <algorithm>
 
 #include "solver/structure/index.hpp"
 
