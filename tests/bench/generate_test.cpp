@@ -13,7 +13,7 @@ long num_of_lines(const std::string& text) {
 
 // Without noise every pair is drawn from the shortest paths of one orientation, so
 // that orientation satisfies them all.
-TEST_F(program_test, PlantedNetworkWithoutNoiseIsSatisfiedWhole) {
+TEST_F(program_test, planted_network_without_noise_is_satisfied_whole) {
     for (const char* kind : {"preferential=1", "preferential=0"}) {
         const std::vector<std::string> network = {
             "proteins=200", "directed=100", "undirected=300", "test=50", "pairs=400", "noise=0", kind};
@@ -32,7 +32,7 @@ TEST_F(program_test, PlantedNetworkWithoutNoiseIsSatisfiedWhole) {
     }
 }
 
-TEST_F(program_test, SeedDecidesEveryByte) {
+TEST_F(program_test, seed_decides_every_byte) {
     ASSERT_EQ(run_program({"one/", "seed=7"}, NETORIENT_GENERATE).exit_status, 0);
     ASSERT_EQ(run_program({"again/", "seed=7"}, NETORIENT_GENERATE).exit_status, 0);
     ASSERT_EQ(run_program({"other/", "seed=8"}, NETORIENT_GENERATE).exit_status, 0);

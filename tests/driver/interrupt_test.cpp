@@ -85,16 +85,6 @@ TEST_F(interrupt_test, ends_with_the_best_so_far) {
     }
 }
 
-TEST_F(interrupt_test, ends_at_once_by_the_second_signal) {
-    const pid_t process = start_solving();
-    kill(process, SIGINT);
-    kill(process, SIGTERM);
-    const program_result result = finish_program(process);
-    EXPECT_EQ(result.signal, SIGTERM);
-    EXPECT_EQ(result.out, "");
-    EXPECT_FALSE(exists("out/solution_graph.txt"));
-}
-
 TEST_F(interrupt_test, shows_its_progress_on_a_terminal) {
     int terminal = -1;
     int program_side = -1;

@@ -66,20 +66,19 @@ TEST_F(run_test, solves_draws_and_gives_the_same_bytes_twice) {
     EXPECT_EQ(read("out/shortest.lp"), model);
 }
 
-TEST_F(run_test, takes_its_arguments_as_prefixes) {
-    write_chain("in.");
-    EXPECT_EQ(run_program({"in.", "out"}).out, chain_messages + solved("2"));
-    EXPECT_TRUE(exists("outinitial_graph.txt"));
-    EXPECT_TRUE(exists("outshortest.lp"));
-    EXPECT_TRUE(exists("outsolution_graph.txt"));
-    EXPECT_TRUE(std::filesystem::is_empty(folder / "out"));
-}
-
-TEST_F(run_test, takes_paths_of_any_length) {
-    const std::string deep = std::string(200, 'd') + "/" + std::string(200, 'e') + "/";
-    write_chain(deep);
-    EXPECT_EQ(run_program({deep, deep}).out, chain_messages + solved("2"));
-    EXPECT_TRUE(exists(deep + "solution_graph.txt"));
+TEST_F(run_test, takes_its_arguments_as_prefixes_of_any_length) {
+    const std::string deep = std::string(200, 'd').append("/").append(200, 'e').append("/");
+    struct {
+        std::string input;
+        std::string output;
+    } const cases[] = {{"in.", "out"}, {deep, deep}};
+    for (const auto& [input, output] : cases) {
+        write_chain(input);
+        EXPECT_EQ(run_program({input, output}).out, chain_messages + solved("2"));
+        for (const char* file : {"initial_graph.txt", "shortest.lp", "solution_graph.txt"}) {
+            EXPECT_TRUE(exists(output + file)) << output << file;
+        }
+    }
 }
 
 TEST_F(run_test, goes_on_without_input_files) {
@@ -98,9 +97,8 @@ TEST_F(run_test, goes_on_without_input_files) {
 TEST_F(run_test, goes_on_when_its_files_cannot_be_written) {
     write_chain();
     const program_result result = run_program({"in/", "no/such/folder/"});
-    EXPECT_EQ(result.exit_status, 0);
     EXPECT_EQ(result.out, chain_messages + solved("2"));
-    EXPECT_EQ(result.err, "");
+    EXPECT_EQ(std::pair(result.exit_status, result.err), std::pair(0, std::string()));
 }
 
 TEST_F(run_test, holds_9999_names_with_a_last_line_feed_and_10000_without) {
@@ -115,18 +113,17 @@ TEST_F(run_test, holds_9999_names_with_a_last_line_feed_and_10000_without) {
         {10000, false, "", 10000},
         {10000, true, "current id exceeded MAX_PROTEIN_ID. MAX_PROTEIN_ID = 10000\n", 10001},
     };
-    write_chain();
     write("in/test", "");
     write("in/undirected", "");
     write("in/directed", "p1 p2 1\n");
     write("in/ko", "p1 a9999 1\n");
+    write("out/keep", "");
     for (const auto& expected : cases) {
         std::string names;
         for (int i = 1; i <= expected.names; ++i) {
-            names +=
-                (i == 9999 ? "a" : "p") + std::to_string(i) + (i < expected.names || expected.line_feed ? "\n" : "");
+            names.append(i == 9999 ? "a" : "p").append(std::to_string(i)).append("\n");
         }
-        write("in/names.txt", names);
+        write("in/names.txt", names.substr(0, names.size() - (expected.line_feed ? 0 : 1)));
         const program_result result = run_program({"in/", "out/"});
         EXPECT_EQ(result.exit_status, 0);
         EXPECT_EQ(result.out, expected.messages + solved("0"));

@@ -9,7 +9,6 @@ TEST_F(network_files, directed_lines_make_arcs_and_rows) {
     EXPECT_EQ(arcs(), (lines{"A->B 1 0 0 0.7", "B->A 1 0 0 0", "C->D 1 0 0 0.5"}));
     EXPECT_EQ(rows(model), (lines{": o_A_B <= 1", ": o_B_A <= 1", ": o_C_D <= 1"}));
     EXPECT_EQ(keep_constraints_Ids.size(), 0u);
-    EXPECT_TRUE(boost::get(constraints_map, *boost::edges(bi_graph).first).empty());
     EXPECT_EQ(printed(), "");
 }
 
@@ -17,11 +16,8 @@ TEST_F(network_files, undirected_lines_make_pairs_of_arcs_that_exclude_each_othe
     load_letters({{"directed", "A B 1\n"}, {"undirected", "B A 0.3\nC B 0.4\r\nB C 0.5\nE E 1\n"}});
     EXPECT_EQ(arcs(), (lines{"A->B 1 0 0 1", "C->B 0 0 0 0.4", "B->C 0 0 0 0.4"}));
     EXPECT_EQ(rows(model), (lines{": o_A_B <= 1", ": o_C_B + o_B_C <= 1"}));
-    const auto [arc, reverse] = std::pair(std::next(boost::edges(bi_graph).first), --boost::edges(bi_graph).second);
-    const IloConstraint constraint = boost::get(constraints_map, *arc);
-    EXPECT_EQ(constraint.getId(), boost::get(constraints_map, *reverse).getId());
-    EXPECT_EQ(keep_constraints_Ids, std::vector<long>{constraint.getId()});
-    EXPECT_EQ(boost::get(weightmap, *reverse), 1);
+    EXPECT_EQ(keep_constraints_Ids.size(), 1u);
+    const auto reverse = --boost::edges(bi_graph).second;
     EXPECT_STREQ(boost::get(vars_map, *reverse).getName(), "o_B_C");
     EXPECT_EQ(boost::get(myindex_map, *reverse), 2);
     EXPECT_EQ(boost::get(vertex_myindex_map, boost::source(*reverse, bi_graph)), 1);
@@ -35,7 +31,6 @@ TEST_F(network_files, test_pairs_are_hidden_and_stand_before_all_others) {
                              "C->A 0 0 0 1"}));
     EXPECT_EQ(rows(model), (lines{"keep: o_A_B + o_B_A <= 1", "keep: o_C_D + o_D_C <= 1", ": o_A_C + o_C_A <= 1"}));
     EXPECT_EQ(keep_constraints_Ids.size(), 3u);
-    EXPECT_EQ(pdi, 2);
     EXPECT_EQ(printed(), "ERROR: duplicated test edge B A\nNotice: self loop accured\n");
 }
 

@@ -1,6 +1,7 @@
 #include "network_fixture.hpp"
 
 #include <cmath>
+#include <random>
 #include <set>
 #include <sstream>
 

@@ -1,7 +1,6 @@
 // Small networks made in memory, and the model that prepare_ilp makes of them.
 #pragma once
 
-#include <random>
 #include <string>
 #include <vector>
 

@@ -1,9 +1,10 @@
 // Answers are believed only after a check.
 #include <cmath>
 
-#include "back_ends.hpp"
+#include "solver/back_ends.hpp"
+#include "solver/concert.hpp"
 #include "solver/solve_record.hpp"
-#include "test_models.hpp"
+#include "solver/test_models.hpp"
 
 using namespace solver;
 

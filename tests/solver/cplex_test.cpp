@@ -1,8 +1,8 @@
 // What reaches CPLEX, and what is said when there is none to speak of.
-#include "back_ends.hpp"
+#include "solver/back_ends.hpp"
 #include "solver/cplex_problem.hpp"
 #include "solver/solve_record.hpp"
-#include "test_models.hpp"
+#include "solver/test_models.hpp"
 
 using namespace solver;
 

@@ -2,32 +2,39 @@
 #include <algorithm>
 #include <cstdio>
 #include <fstream>
+#include <map>
 #include <sstream>
 
 #include <unistd.h>
 
-#include "back_ends.hpp"
 #include "driver/run.hpp"
 #include "input/read_data.hpp"
 #include "orientation/prepare_ilp.hpp"
+#include "solver/back_ends.hpp"
 #include "solver/cplex_problem.hpp"
 #include "solver/lp_file.hpp"
 #include "solver/lp_names.hpp"
-#include "test_models.hpp"
+#include "solver/solve_record.hpp"
+#include "solver/test_models.hpp"
 
 using namespace solver;
 
 namespace {
+
+std::string read_file(const std::string& path) {
+    std::ostringstream text;
+    text << std::ifstream(path, std::ios::binary).rdbuf();
+    return text.str();
+}
 
 // What a function that gets a path writes there. Tests run side by side.
 template <typename writer>
 std::string written_by(const writer& write) {
     const std::string path = testing::TempDir() + "netorient_" + std::to_string(getpid()) + ".lp";
     write(path.c_str());
-    std::ostringstream text;
-    text << std::ifstream(path, std::ios::binary).rdbuf();
+    const std::string text = read_file(path);
     std::remove(path.c_str());
-    return text.str();
+    return text;
 }
 
 // From the line "Maximize" or "Minimize" on.
@@ -41,21 +48,10 @@ std::string our_text(const model_record& record) {
 std::string cplex_text(const model_record& record) {
     const cplex::loaded_problem loaded(test_cplex_library, record);
     const auto set_names = [&](const char* call, const name_list& names) {
-        std::vector<int> positions;
-        std::vector<std::string> given;
-        for (std::size_t i = 0; i < names.size(); ++i) {
-            if (!names[i].empty()) {
-                positions.push_back(static_cast<int>(i));
-                given.emplace_back(names[i]);
-            }
-        }
-        std::vector<const char*> texts;
-        for (const std::string& name : given) {
-            texts.push_back(name.c_str());
-        }
-        const int count = static_cast<int>(texts.size());
-        if (count > 0) {
-            loaded.require(call_cplex(call, loaded.env, loaded.lp, count, positions.data(), texts.data()));
+        for (int i = 0; i < static_cast<int>(names.size()); ++i) {
+            const std::string name(names[static_cast<std::size_t>(i)]);
+            const char* text = name.c_str();
+            loaded.require(name.empty() ? 0 : call_cplex(call, loaded.env, loaded.lp, 1, &i, &text));
         }
     };
     set_names("CPXchgcolname", record.column_names);
@@ -87,7 +83,7 @@ model_record named(const std::vector<std::string>& column_names, const std::vect
     return record;
 }
 
-std::vector<model_record> hand_made_cases() {
+std::vector<model_record> cases_made_by_hand() {
     std::vector<model_record> cases{
         named({"a", "b", "c"}, {"keep", ""}),               // nothing to tag
         named({"a", "b", "c"}, {"keep", "", "keep"}),       // rows repeat
@@ -128,9 +124,7 @@ std::vector<model_record> hand_made_cases() {
     return cases;
 }
 
-}  // namespace
-
-TEST(lp_file, is_written_to_the_letter) {
+model_record lettered_model() {
     const IloEnv environment;
     const IloModel model(environment);
     const IloObjective total(environment, 0.0, IloObjective::Maximize, "obj");
@@ -149,7 +143,44 @@ TEST(lp_file, is_written_to_the_letter) {
     model.add(IloExpr(pair) <= flows);
     model.add(2 * ab <= IloExpr(ba));
     model.add(total);
-    EXPECT_EQ(our_text(IloCplex(model).record()), R"(
+    return IloCplex(model).record();
+}
+
+// The model that the program's own phases make of input files.
+model_record model_of(const input_opener& open) {
+    reset_run_state();
+    const IloModel model(env);
+    name_objective();
+    read_data(open, model);
+    std::vector<vertex_descriptor> copies;
+    prepare_ilp(model, true, copy_network(copies));
+    return IloCplex(model).record();
+}
+
+model_record example_model() {
+    return model_of(
+        [](const char* name) { return open_text_file(std::string(SOURCE_FOLDER "/example/").append(name)); });
+}
+
+// The code blocks of a document, by what stands behind their first fence.
+std::map<std::string, std::string> blocks_of(const std::string& document) {
+    std::map<std::string, std::string> blocks;
+    std::string name;
+    std::istringstream lines(read_file(document));
+    for (std::string line; std::getline(lines, line);) {
+        if (line.starts_with("```")) {
+            name = line.substr(3);
+        } else if (!name.empty()) {
+            blocks[name] += line + "\n";
+        }
+    }
+    return blocks;
+}
+
+}  // namespace
+
+TEST(lp_file, is_written_to_the_letter) {
+    EXPECT_EQ(our_text(lettered_model()), R"(
 Maximize
  obj: s_A_B
 Subject To
@@ -187,34 +218,31 @@ TEST(lp_file, goes_where_it_can_be_written) {
 
 TEST(lp_file, equals_the_one_that_cplex_writes) {
     SKIP_WITHOUT_CPLEX();
-    std::vector<model_record> records = hand_made_cases();
+    std::vector<model_record> records = cases_made_by_hand();
+    records.push_back(lettered_model());
+    for (const stated_model& model : stated_models()) {
+        if (!model.has_range) {  // no operation makes a row of two sides
+            records.push_back(model.record);
+        }
+    }
+    std::map<std::string, std::string> blocks = blocks_of(SOURCE_FOLDER "/docs/formulation.md");
+    records.push_back(model_of([&](const char* name) { return text_file{.path = name, .text = blocks.at(name)}; }));
+    EXPECT_TRUE(blocks.at("shortest.lp").ends_with(our_text(records.back())));
+    records.push_back(example_model());
+    EXPECT_GT(records.back().num_rows(), 100);
     for (unsigned seed = 0; seed < 100; ++seed) {
-        records.push_back(random_record(seed));
+        records.push_back(named_reach_model(seed));
     }
     for (std::size_t i = 0; i < records.size(); ++i) {
         ASSERT_EQ(our_text(records[i]), cplex_text(records[i])) << "case " << i;
     }
 }
 
-// The example's model, by the program's own phases.
-TEST(lp_file, equals_the_one_that_cplex_writes_for_the_example) {
+TEST(lp_file, of_the_example_has_one_optimum_for_every_back_end) {
     SKIP_WITHOUT_CPLEX();
-    std::string folder = EXAMPLE_FOLDER;
-    char* argv[] = {nullptr, folder.data(), nullptr};
-    const IloModel model(env);
-    name_objective();
-    read_data(argv, model);
-    std::vector<vertex_descriptor> copies;
-    prepare_ilp(model, true, copy_network(copies));
-    IloCplex cplex(model);
-    const std::string text = written_by([&](const char* path) { cplex.exportModel(path); });
-    EXPECT_EQ(text.substr(text.find("\nM")), cplex_text(cplex.record()));
-    EXPECT_GT(cplex.record().num_rows(), 100);
-
-    ASSERT_TRUE(cplex.solve());
-    const double by_default = cplex.getObjValue();
-    cplex.use_back_end(solve_with_test_cplex);
-    ASSERT_TRUE(cplex.solve()) << cplex.failure_reason();
-    EXPECT_EQ(cplex.getStatus(), IloCplex::Optimal);
-    EXPECT_EQ(cplex.getObjValue(), by_default);
+    for (const named_back_end& back_end : every_back_end) {
+        const solve_answer answer = solve_record(example_model(), back_end.solve, {});
+        EXPECT_EQ(answer.status, solve_status::optimal) << back_end.name << answer.reason;
+        EXPECT_EQ(answer.objective, solve_record(example_model(), solve_with_highs, {}).objective) << back_end.name;
+    }
 }

@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include "solver/structure/cut_master.hpp"
 #include "solver/structure/local_search.hpp"
 #include "solver/structure/random_reach.hpp"
 #include "solver/structure/reduce.hpp"
@@ -15,11 +16,7 @@ using namespace solver;
 namespace {
 
 contested_problem draw_problem(unsigned seed) {
-    reach_plan plan;
-    plan.num_choices = 40;
-    plan.num_groups = 30;
-    plan.nodes_per_group = 6;
-    return reduce(*find_reach_structure(draw_reach_model(seed, plan))).contested;
+    return reduce(*find_reach_structure(draw_reach_model(seed, hard_plan(40)))).contested;
 }
 
 // Nets of nodes 2 .. num_nodes - 1 in topological order between root and target.
@@ -95,6 +92,23 @@ TEST(cuts, are_least_and_separate) {
         }
     }
     EXPECT_GT(found, 1000);
+}
+
+// A pair whose root has arcs of both directions of choice 0, and one that needs gate 0.
+TEST(cuts, of_both_directions_of_a_choice_are_no_rows) {
+    contested_problem problem;
+    problem.choices = {0, 1};
+    problem.pairs = {
+        {4, 1, {{net_root, 2, 0}, {net_root, 3, 1}, {2, net_target, open_gate}, {3, net_target, open_gate}}},
+        {3, 1, {{net_root, 2, 0}, {2, net_target, 2}}}};
+    const solve_watch watch;
+    cut_master master(problem, watch);
+    const int bottlenecks = master.program().num_rows();
+    EXPECT_EQ(bottlenecks, 2);
+    // Both pairs are asked for more than the cuts are worth: 1, by either direction, and 1/4.
+    EXPECT_EQ(master.add_cuts_broken_by({0.25, 0.75, 1.5, 1.0}, 1e-6), 1);
+    ASSERT_TRUE(master.solve());
+    EXPECT_NEAR(master.program().bound(), 2.0, 1e-6);
 }
 
 TEST(shared_weight, follows_every_turn) {

@@ -2,33 +2,27 @@
 
 #include <algorithm>
 #include <numeric>
+#include <random>
 
 using solver::model_record;
 
-int add_column(model_record& record, const std::string& name, bool integral, double weight) {
-    record.column_lower.push_back(0.0);
-    record.column_upper.push_back(1.0);
-    record.column_integral.push_back(integral ? 1 : 0);
-    record.column_objective.push_back(weight);
-    record.column_priority.push_back(0.0);
-    record.column_names.push_back(name);
-    return record.num_columns() - 1;
+namespace {
+
+constexpr column gate_column{0.0};
+constexpr column flow_column{0.0, 0.0, 1.0, false};
+
+std::string numbered(const char* prefix, int number, const char* suffix = "") {
+    return std::string(prefix).append(std::to_string(number)).append(suffix);
 }
 
-void add_row(model_record& record, int first, const std::vector<int>& others, double upper, double others_value) {
-    std::vector<std::pair<int, double>> terms{{first, 1.0}};
-    for (const int other : others) {
-        terms.emplace_back(other, others_value);
-    }
-    std::sort(terms.begin(), terms.end());
-    for (const auto& [column, value] : terms) {
-        record.row_column.push_back(column);
-        record.row_value.push_back(value);
-    }
-    record.row_start.push_back(record.row_column.size());
-    record.row_lower.push_back(-solver::infinity);
-    record.row_upper.push_back(upper);
-    record.row_names.push_back({});
+}  // namespace
+
+reach_plan hard_plan(int num_choices) {
+    return {.num_choices = num_choices,
+            .num_groups = num_choices * 3 / 5,
+            .nodes_per_group = 6,
+            .lone_share = 0.02,
+            .demand_share = 0.3};
 }
 
 model_record draw_reach_model(unsigned seed, const reach_plan& plan) {
@@ -36,32 +30,29 @@ model_record draw_reach_model(unsigned seed, const reach_plan& plan) {
     const auto below = [&random](int limit) { return static_cast<int>(random() % static_cast<unsigned>(limit)); };
     const auto chance = [&random](double share) { return random() < share * 4294967296.0; };
     model_record record;
-    std::vector<int> gates;
+    std::vector<std::vector<int>> gates;  // by choice
     for (int c = 0; c < plan.num_choices; ++c) {
-        const std::string name = "o_" + std::to_string(c);
         if (chance(plan.lone_share)) {
-            gates.push_back(add_column(record, name, true, 0.0));
-            add_row(record, gates.back(), {}, 1.0, 1.0);
+            gates.push_back({add_column(record, gate_column, numbered("o_", c))});
+            add_row(record, -solver::infinity, {{gates.back()[0], 1.0}}, 1.0);
             continue;
         }
         // Names by meaning, columns by the order in which the ends are named.
-        int there = -1;
-        int back = -1;
-        if (plan.swapped) {
-            back = add_column(record, name + "_back", true, 0.0);
-            there = add_column(record, name + "_there", true, 0.0);
-        } else {
-            there = add_column(record, name + "_there", true, 0.0);
-            back = add_column(record, name + "_back", true, 0.0);
-        }
-        gates.insert(gates.end(), {there, back});
-        add_row(record, there, {back}, 1.0, 1.0);
+        const int one = add_column(record, gate_column, numbered("o_", c, plan.swapped ? "_back" : "_there"));
+        const int other = add_column(record, gate_column, numbered("o_", c, plan.swapped ? "_there" : "_back"));
+        gates.push_back({plan.swapped ? other : one, plan.swapped ? one : other});
+        add_row(record, -solver::infinity, {{one, 1.0}, {other, 1.0}}, 1.0);
     }
     for (int group = 0; group < plan.num_groups; ++group) {
         struct drawn_arc {
             int tail, head, gate, flow;
         };
-        std::vector<int> free_gates = gates;
+        std::vector<int> free_gates;
+        const int first_choice = plan.window > 0 ? below(plan.num_choices) : 0;
+        for (int c = 0; c < (plan.window > 0 ? plan.window : plan.num_choices); ++c) {
+            const std::vector<int>& of_choice = gates[static_cast<std::size_t>((first_choice + c) % plan.num_choices)];
+            free_gates.insert(free_gates.end(), of_choice.begin(), of_choice.end());
+        }
         std::shuffle(free_gates.begin(), free_gates.end(), random);
         std::vector<drawn_arc> arcs;
         for (int node = 0; node < plan.nodes_per_group; ++node) {
@@ -74,8 +65,8 @@ model_record draw_reach_model(unsigned seed, const reach_plan& plan) {
             std::reverse(arcs.begin(), arcs.end());
         }
         for (drawn_arc& arc : arcs) {
-            arc.flow = add_column(record, "", false, 0.0);
-            add_row(record, arc.flow, {arc.gate}, 0.0, -1.0);
+            arc.flow = add_column(record, flow_column);
+            add_bound(record, arc.flow, {arc.gate});
         }
         for (int node = 0; node < plan.nodes_per_group; ++node) {
             std::vector<int> entering;
@@ -85,19 +76,19 @@ model_record draw_reach_model(unsigned seed, const reach_plan& plan) {
                 }
             }
             const bool wanted = chance(plan.demand_share);
-            const int weight = 1 + below(plan.largest_weight);
+            const double weight = 1 + below(plan.largest_weight);
             const int repeats = wanted ? 1 + below(5) / 4 : 0;
             if (entering.empty()) {
                 continue;
             }
             for (const drawn_arc& arc : arcs) {
                 if (arc.tail == node) {
-                    add_row(record, arc.flow, entering, 0.0, -1.0);
+                    add_bound(record, arc.flow, entering);
                 }
             }
             for (int k = 0; k < repeats; ++k) {
-                const std::string name = "s_" + std::to_string(group) + "_" + std::to_string(node);
-                add_row(record, add_column(record, name, false, weight), entering, 0.0, -1.0);
+                const std::string name = numbered(numbered("s_", group, "_").c_str(), node);
+                add_bound(record, add_column(record, {weight, 0.0, 1.0, false}, name), entering);
             }
         }
     }
@@ -105,50 +96,39 @@ model_record draw_reach_model(unsigned seed, const reach_plan& plan) {
 }
 
 double best_by_enumeration(const model_record& record) {
-    std::vector<std::vector<int>> choices;
-    for (int r = 0; r < record.num_rows(); ++r) {
-        const auto begin = record.row_column.begin();
-        if (record.row_upper[static_cast<std::size_t>(r)] == 1.0) {
-            choices.emplace_back(begin + static_cast<long>(record.row_start[static_cast<std::size_t>(r)]),
-                                 begin + static_cast<long>(record.row_start[static_cast<std::size_t>(r) + 1]));
+    std::vector<std::pair<int, int>> choices;
+    for (std::size_t r = 0; r < record.row_upper.size(); ++r) {
+        if (record.row_upper[r] == 1.0 && record.row_start[r + 1] - record.row_start[r] == 2) {
+            choices.emplace_back(record.row_column[record.row_start[r]], record.row_column[record.row_start[r] + 1]);
         }
     }
     double best = 0.0;
-    std::vector<double> values(static_cast<std::size_t>(record.num_columns()), 0.0);
-    const auto count = [&] {
-        for (std::size_t c = 0; c < values.size(); ++c) {
-            values[c] = record.column_integral[c] != 0 ? values[c] : 1.0;
+    for (long mask = 0; mask < 1L << choices.size(); ++mask) {
+        std::vector<double> values(record.column_objective.size(), 1.0);
+        for (std::size_t c = 0; c < choices.size(); ++c) {
+            const auto& [one, other] = choices[c];
+            values[static_cast<std::size_t>((mask >> c & 1) != 0 ? one : other)] = 0.0;
         }
         for (bool changed = true; changed;) {
             changed = false;
             for (std::size_t r = 0; r < record.row_upper.size(); ++r) {
-                int first = -1;
-                double others = 0.0;
+                double* bounded = nullptr;
+                double others = record.row_upper[r];
                 for (std::size_t t = record.row_start[r]; t < record.row_start[r + 1]; ++t) {
-                    const auto column = static_cast<std::size_t>(record.row_column[t]);
-                    if (record.row_value[t] > 0.0 && record.row_upper[r] == 0.0) {
-                        first = record.row_column[t];
+                    double& value = values[static_cast<std::size_t>(record.row_column[t])];
+                    if (record.row_value[t] > 0.0) {
+                        bounded = &value;
                     } else {
-                        others += values[column];
+                        others += value;
                     }
                 }
-                if (first >= 0 && values[static_cast<std::size_t>(first)] > std::min(1.0, others)) {
-                    values[static_cast<std::size_t>(first)] = std::min(1.0, others);
+                if (*bounded > others) {
+                    *bounded = others;
                     changed = true;
                 }
             }
         }
         best = std::max(best, std::inner_product(values.begin(), values.end(), record.column_objective.begin(), 0.0));
-    };
-    for (long mask = 0; mask < 1L << choices.size(); ++mask) {
-        for (std::size_t c = 0; c < choices.size(); ++c) {
-            const bool second = (mask >> c & 1) != 0;
-            values[static_cast<std::size_t>(choices[c].front())] = second && choices[c].size() > 1 ? 0.0 : 1.0;
-            if (choices[c].size() > 1) {
-                values[static_cast<std::size_t>(choices[c].back())] = second ? 1.0 : 0.0;
-            }
-        }
-        count();
     }
     return best;
 }

@@ -1,32 +1,26 @@
-// Models of the reachability shape, drawn at random, and plain ways to solve them.
+// Models of the reachability shape, drawn at random, and a plain way to solve them.
 #pragma once
 
-#include <random>
-#include <string>
-#include <vector>
-
-#include "solver/model_record.hpp"
-#include "solver/structure/contested_problem.hpp"
+#include "solver/test_models.hpp"
 
 struct reach_plan {
     int num_choices = 6;
     int num_groups = 3;  // networks of one root each
     int nodes_per_group = 5;
     int arcs_per_node = 2;
+    int window = 0;             // a group's gates are of so many choices that follow one another; 0 = of all
     double lone_share = 0.2;    // choices with one gate
     double demand_share = 0.6;  // nodes with a demand
     int largest_weight = 1;
     bool swapped = false;  // the ends of every choice named the other way round
 };
 
-// Rows in the order of the program's own models. A group uses a gate at most once, as
-// a network has an arc.
-solver::model_record draw_reach_model(unsigned seed, const reach_plan& plan);
+// Most choices stay contested, and much is at odds: from 100 choices on, plain solvers take long.
+reach_plan hard_plan(int num_choices);
 
-// Appends a row of coefficient 1 for the first column and -1 for the others, <= upper.
-void add_row(solver::model_record& record, int first, const std::vector<int>& others, double upper,
-             double others_value);
-int add_column(solver::model_record& record, const std::string& name, bool integral, double weight);
+// Rows in the order of the program's own models. A group uses a gate at most once, as
+// a network has an arc. The names of gates begin with "o_", those of demands with "s_".
+solver::model_record draw_reach_model(unsigned seed, const reach_plan& plan);
 
 // The best objective over all directions, counted from the rows alone by setting every
 // flow and demand as high as its rows allow.
