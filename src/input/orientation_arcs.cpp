@@ -6,7 +6,6 @@ namespace {
 edge_descriptor add_marked_arc(vertex_descriptor tail, vertex_descriptor head, double confidence, int direction,
                                arc_marks marks) {
     const edge_descriptor arc = add_arc(tail, head);
-    boost::put(weightmap, arc, 1);
     boost::put(parallel_confidence_map, arc, confidence);
     boost::put(directions_map, arc, direction);
     boost::put(hidden_map, arc, marks.hidden);
@@ -35,6 +34,4 @@ void add_orientable_pair(IloModel model, vertex_descriptor first, vertex_descrip
     }
     model.add(only_one_direction);
     keep_constraints_Ids.push_back(only_one_direction.getId());
-    boost::put(constraints_map, arc, only_one_direction);
-    boost::put(constraints_map, opposite_arc, only_one_direction);
 }

@@ -45,6 +45,5 @@ void read_test_edges(IloModel model, text_file& file) {
         }
         add_orientable_pair(model, first, second, std::atof(record.rest.c_str()), listed_direction, reverse_direction,
                             "keep");
-        ++pdi;
     }
 }

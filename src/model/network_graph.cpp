@@ -12,14 +12,12 @@ property_accessor<boost::vertex_distance_t> comp_distances_map = boost::get(boos
 property_accessor<boost::vertex_index_t> vertex_comp_myindex_map = boost::get(boost::vertex_index, comp_graph);
 property_accessor<boost::vertex_name_t> names_map = boost::get(boost::vertex_name, bi_graph);
 property_accessor<boost::vertex_distance_t> distances_map = boost::get(boost::vertex_distance, bi_graph);
-property_accessor<boost::edge_weight_t> weightmap = boost::get(boost::edge_weight, bi_graph);
 property_accessor<edge_confidence_t> parallel_confidence_map = boost::get(edge_confidence, bi_graph);
 property_accessor<boost::edge_index_t> myindex_map = boost::get(boost::edge_index, bi_graph);
 property_accessor<edge_shortest_paths_counter_t> shortest_paths_counter_map =
     boost::get(edge_shortest_paths_counter, bi_graph);
 property_accessor<edge_in_shortest_t> in_shortest_map = boost::get(edge_in_shortest, bi_graph);
 property_accessor<edge_var_t> vars_map = boost::get(edge_var, bi_graph);
-property_accessor<edge_constraint_t> constraints_map = boost::get(edge_constraint, bi_graph);
 property_accessor<edge_flow2_t> flows_map = boost::get(edge_flow2, bi_graph);
 property_accessor<edge_direction_t> directions_map = boost::get(edge_direction, bi_graph);
 property_accessor<edge_test_t> test_map = boost::get(edge_test, bi_graph);
@@ -37,13 +35,11 @@ IloObjective objective(env, 0.0, IloObjective::Maximize);
 
 std::vector<long> keep_constraints_Ids;
 source_map sources;
-std::vector<IloNumVar> rational_vars;
 std::vector<pair_data> pairs;
 
 int num_of_proteins = 0;
 int num_of_ks = 0;
 int num_of_pairs = 0;
-int pdi = 0;
 
 namespace {
 
@@ -97,9 +93,8 @@ void reset_run_state() {
     }
     keep_constraints_Ids.clear();
     sources.clear();
-    rational_vars.clear();
     pairs.clear();
-    num_of_proteins = num_of_ks = num_of_pairs = pdi = 0;
+    num_of_proteins = num_of_ks = num_of_pairs = 0;
     env = IloEnv();
     var = IloNumVarArray(env, 0);
     objective = IloObjective(env, 0.0, IloObjective::Maximize);

@@ -18,30 +18,20 @@
 // clang-format off
 using vertex_properties =
     boost::property<boost::vertex_name_t, std::string,
-    boost::property<vertex_second_name_t, std::string,
     boost::property<boost::vertex_distance_t, int,
     boost::property<boost::vertex_index_t, int,
-    boost::property<vertex_filtered_t, bool,
-    boost::property<boost::vertex_discover_time_t, unsigned long,
-    boost::property<boost::vertex_color_t, boost::default_color_type>>>>>>>;
+    boost::property<boost::vertex_color_t, boost::default_color_type>>>>;
 
 using edge_properties =
-    boost::property<boost::edge_weight_t, int,
     boost::property<edge_confidence_t, double,
-    boost::property<edge_treshhold_t, double,
     boost::property<edge_shortest_paths_counter_t, int,
     boost::property<edge_in_shortest_t, bool,
     boost::property<edge_var_t, IloNumVar,
-    boost::property<edge_constraint_t, IloConstraint,
     boost::property<edge_flow2_t, IloNumVar,
-    boost::property<boost::edge_flow_t, IloNumVar,
     boost::property<edge_direction_t, int,
     boost::property<edge_hidden_t, int,
     boost::property<edge_test_t, int,
-    boost::property<edge_orientation_round_t, int,
-    boost::property<edge_target_distances_t, int,
-    boost::property<boost::edge_index_t, int,
-    boost::property<edge_ilp_improve_t, bool>>>>>>>>>>>>>>>>;
+    boost::property<boost::edge_index_t, int>>>>>>>>>;
 // clang-format on
 
 // An interaction that may be oriented either way is a pair of opposite arcs.
@@ -51,8 +41,6 @@ using bidirected_basic_graph =
 using graph_traits = boost::graph_traits<bidirected_basic_graph>;
 using vertex_descriptor = graph_traits::vertex_descriptor;
 using edge_descriptor = graph_traits::edge_descriptor;
-using vertex_iterator = graph_traits::vertex_iterator;
-using edge_iterator = graph_traits::edge_iterator;
 
 // ---- Run-wide graphs -------------------------------------------------------
 
@@ -70,13 +58,11 @@ extern property_accessor<boost::vertex_distance_t> comp_distances_map;
 extern property_accessor<boost::vertex_index_t> vertex_comp_myindex_map;
 extern property_accessor<boost::vertex_name_t> names_map;
 extern property_accessor<boost::vertex_distance_t> distances_map;
-extern property_accessor<boost::edge_weight_t> weightmap;
 extern property_accessor<edge_confidence_t> parallel_confidence_map;
 extern property_accessor<boost::edge_index_t> myindex_map;
 extern property_accessor<edge_shortest_paths_counter_t> shortest_paths_counter_map;
 extern property_accessor<edge_in_shortest_t> in_shortest_map;
 extern property_accessor<edge_var_t> vars_map;
-extern property_accessor<edge_constraint_t> constraints_map;
 extern property_accessor<edge_flow2_t> flows_map;
 extern property_accessor<edge_direction_t> directions_map;  // 1 = directed, 0 = orientable
 extern property_accessor<edge_test_t> test_map;             // 1 = known direction, 3 = to be removed
@@ -118,12 +104,6 @@ struct pair_data {
     vertex_descriptor pair_source = nullptr;
     vertex_descriptor pair_target = nullptr;
     int shortest_distance = 0;  // arcs on a shortest path from source to target
-    bool was_satisfie_last_round = false;
-    bool was_satisfie_at_all = false;
-    int last_distance_satisfied = 0;
-    int before_last_distance_satisfied = 0;
-    int first_distance_satisfied = 0;
-    bool stop_trying_to_satisfy = false;
 };
 
 // Orders vertices by their creation, which is the order of "names.txt": handles
@@ -138,13 +118,11 @@ using source_map = std::map<vertex_descriptor, targets, created_before>;
 extern protein_name_data protein_names_map[MAX_PROTEIN_ID];  // sorted by name
 extern std::vector<long> keep_constraints_Ids;               // the objective, then the one-direction constraints
 extern source_map sources;
-extern std::vector<IloNumVar> rational_vars;
 extern std::vector<pair_data> pairs;
 
 extern int num_of_proteins;  // searchable entries of protein_names_map, -1 without a "names.txt"
 extern int num_of_ks;
 extern int num_of_pairs;
-extern int pdi;  // test pairs created
 
 // ---- Solver objects --------------------------------------------------------
 

@@ -26,7 +26,6 @@ void add_pair(IloModel model, vertex_descriptor pair_source, vertex_descriptor p
               const IloExpr& sum_in_flow2) {
     const std::string pair_name = "s_" + boost::get(names_map, pair_source) + "_" + boost::get(names_map, pair_target);
     const IloNumVar pair_var(objective(), 0.0, 1.0, IloNumVar::Float, pair_name.c_str());
-    rational_vars.push_back(pair_var);
     model.add(pair_var <= sum_in_flow2);
 
     pair_data pair_item;
@@ -46,7 +45,6 @@ void add_flow_constraints(IloModel model, vertex_descriptor pair_source, const t
     std::vector<arc_at_vertex> leaving;
     for (const edge_descriptor& arc : marks.arcs) {
         const IloNumVar flow2_variable(env, 0.0, 1.0, IloNumVar::Float);
-        rational_vars.push_back(flow2_variable);
         var.add(flow2_variable);
         boost::put(flows_map, arc, flow2_variable);
         model.add(flow2_variable <= MAX_flow2 * boost::get(vars_map, arc));

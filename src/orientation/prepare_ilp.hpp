@@ -5,7 +5,7 @@
 
 // Marks, source by source, the arcs on shortest paths to the source's targets and
 // adds their flow and pair variables and constraints to the model, the objective
-// last. Fills `pairs`, `rational_vars`, `var` and `num_of_pairs`, raises the arcs'
+// last. Fills `pairs`, `var` and `num_of_pairs`, raises the arcs'
 // shortest-path counters, and leaves edge_in_shortest as the marks of the last source.
 //
 // isoMap names the comp_graph vertex of every bi_graph vertex; vertices and arcs
