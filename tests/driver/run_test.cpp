@@ -34,8 +34,8 @@ const std::string chain_vertices = "digraph G {\n0[label=A];\n1[label=B];\n2[lab
 }  // namespace
 
 TEST_F(run_test, wants_two_arguments) {
-    for (const std::vector<std::string>& arguments :
-         std::vector<std::vector<std::string>>{{}, {"in/"}, {"a", "b", "c"}}) {
+    const std::vector<std::string> counts[] = {{}, {"in/"}, {"a", "b", "c"}};
+    for (const std::vector<std::string>& arguments : counts) {
         const program_result result = run_program(arguments);
         EXPECT_EQ(result.exit_status, 1);
         EXPECT_EQ(result.out, usage);
@@ -68,11 +68,7 @@ TEST_F(run_test, solves_draws_and_gives_the_same_bytes_twice) {
 
 TEST_F(run_test, takes_its_arguments_as_prefixes_of_any_length) {
     const std::string deep = std::string(200, 'd').append("/").append(200, 'e').append("/");
-    struct {
-        std::string input;
-        std::string output;
-    } const cases[] = {{"in.", "out"}, {deep, deep}};
-    for (const auto& [input, output] : cases) {
+    for (const auto& [input, output] : {std::pair<std::string, std::string>("in.", "out"), {deep, deep}}) {
         write_chain(input);
         EXPECT_EQ(run_program({input, output}).out, chain_messages + solved("2"));
         for (const char* file : {"initial_graph.txt", "shortest.lp", "solution_graph.txt"}) {
@@ -84,9 +80,11 @@ TEST_F(run_test, takes_its_arguments_as_prefixes_of_any_length) {
 TEST_F(run_test, goes_on_without_input_files) {
     std::filesystem::create_directories(folder / "in/names.txt");
     std::filesystem::create_directories(folder / "in/ko");
+    write("in/test", "A B 1\n");
     const program_result result = run_program({"in/", "in/"});
     EXPECT_EQ(result.exit_status, 0);
     EXPECT_EQ(result.out,
+              "ERROR: protein A not found in the list \nERROR: protein B not found in the list \n"
               "ERROR: in file in/directed not opened\nERROR: in file in/undirected not opened\n"
               "ERROR: knockout file not opened\n" +
                   solved("0"));

@@ -44,16 +44,6 @@ TEST_F(names, make_vertices_in_file_order_and_a_sorted_table) {
     }
 }
 
-TEST_F(names, that_do_not_open_leave_an_empty_table) {
-    EXPECT_EQ(load({{"test", "A B 1\n"}}), 0);
-    EXPECT_EQ(num_of_proteins, -1);
-    EXPECT_EQ(proteins(), lines());
-    EXPECT_EQ(printed(),
-              "ERROR: protein A not found in the list \nERROR: protein B not found in the list \n"
-              "ERROR: in file directed not opened\nERROR: in file undirected not opened\n"
-              "ERROR: knockout file not opened\n");
-}
-
 TEST_F(names, that_repeat_stand_in_file_order) {
     std::string text;
     for (int i = 0; i < 100; ++i) {

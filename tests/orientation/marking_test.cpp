@@ -1,7 +1,5 @@
 // Marks, counts and rows of small networks, worked out by hand.
-#include "driver/run.hpp"
 #include "network_fixture.hpp"
-#include "orientation/prepare_ilp.hpp"
 
 using rows = std::vector<std::string>;
 
@@ -87,19 +85,5 @@ TEST_F(network_test, makes_rows_in_their_order) {
             EXPECT_EQ(pair.pair_source, proteins[0]);
         }
         EXPECT_EQ(distances, expected.distances);
-    }
-}
-
-// A name table that overflows ends the loading before anything has a number.
-TEST_F(network_test, without_sources_needs_no_numbers) {
-    for (const bool allow_one_edge_path : {true, false}) {
-        make("");
-        for (const char* name : {"a", "b", "c"}) {
-            add_protein(name);
-        }
-        prepare_ilp(model, allow_one_edge_path, copy_network(iso_vec));
-        IloCplex cplex(model);
-        EXPECT_TRUE(cplex.solve());
-        EXPECT_EQ(cplex.getObjValue(), 0.0);
     }
 }

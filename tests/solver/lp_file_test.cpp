@@ -1,5 +1,4 @@
 // The LP file: a few to the letter, and many against the file that CPLEX writes.
-#include <algorithm>
 #include <cstdio>
 #include <fstream>
 #include <map>
@@ -66,18 +65,17 @@ std::string cplex_text(const model_record& record) {
 
 // Each row over one column less than the last, and names for all.
 model_record named(const std::vector<std::string>& column_names, const std::vector<std::string>& row_names) {
-    std::vector<column> columns;
-    std::vector<row> rows;
-    columns.reserve(column_names.size());
+    model_record record;
     for (std::size_t c = 0; c < column_names.size(); ++c) {
-        columns.push_back({c % 3 == 1 ? 1.0 : 0.0, 0, 1, c % 2 == 0});
+        add_column(record, {c % 3 == 1 ? 1.0 : 0.0, 0, 1, c % 2 == 0}, column_names[c]);
     }
     for (std::size_t r = 0; r < row_names.size(); ++r) {
-        rows.push_back({-infinity, std::vector<double>(column_names.size(), r % 2 == 0 ? 1 : -1), 1});
-        std::fill_n(rows.back().coefficients.begin(), std::min(r, column_names.size()), 0);
+        std::vector<std::pair<int, double>> terms;
+        for (std::size_t c = r; c < column_names.size(); ++c) {
+            terms.emplace_back(static_cast<int>(c), r % 2 == 0 ? 1 : -1);
+        }
+        add_row(record, -infinity, terms, 1);
     }
-    model_record record = record_of(columns, rows);
-    record.column_names = column_names;
     record.row_names = row_names;
     record.objective_name = "obj";
     return record;
@@ -125,25 +123,20 @@ std::vector<model_record> cases_made_by_hand() {
 }
 
 model_record lettered_model() {
-    const IloEnv environment;
-    const IloModel model(environment);
-    const IloObjective total(environment, 0.0, IloObjective::Maximize, "obj");
-    const IloNumVar ab(environment, 0.0, 1.0, IloNumVar::Bool, "o_A_B");
-    const IloNumVar ba(environment, 0.0, 1.0, IloNumVar::Bool, "o_B_A");
-    for (int i = 0; i < 2; ++i) {
-        const IloConstraint keep = ab + ba <= 1.0;
-        keep.setName("keep");
-        model.add(keep);
-    }
-    IloExpr flows(environment);
-    for (int i = 0; i < 14; ++i) {
-        flows += IloNumVar(environment, 0.0, infinity, IloNumVar::Float);
-    }
-    const IloNumVar pair(total(), 0.0, 1.0, IloNumVar::Float, "s_A_B");
-    model.add(IloExpr(pair) <= flows);
-    model.add(2 * ab <= IloExpr(ba));
-    model.add(total);
-    return IloCplex(model).record();
+    std::vector<column> columns(17, {0, 0, infinity, false});
+    columns[0] = columns[1] = {0};
+    columns[2] = {1, 0, 1, false};
+    std::vector<double> cover(17, -1);
+    cover[0] = cover[1] = 0;
+    cover[2] = 1;
+    model_record record = record_of(
+        columns, {{-infinity, {1, 1}, 1}, {-infinity, {1, 1}, 1}, {-infinity, cover, 0}, {-infinity, {2, -1}, 0}});
+    std::vector<std::string> names(17);
+    names[0] = "o_A_B", names[1] = "o_B_A", names[2] = "s_A_B";
+    record.column_names = names;
+    record.row_names = std::vector<std::string>{"keep", "keep", "", ""};
+    record.objective_name = "obj";
+    return record;
 }
 
 // The model that the program's own phases make of input files.

@@ -37,14 +37,10 @@ pair_net draw_net(std::mt19937& random) {
 double least_cut(const pair_net& net, const std::vector<double>& values) {
     double least = 1e9;
     for (int side = 0; side < 1 << net.num_nodes; ++side) {
-        if ((side >> net_root & 1) == 0 || (side >> net_target & 1) != 0) {
-            continue;
-        }
-        double sum = 0.0;
+        const auto on_side = [side](int node) { return (side >> node & 1) != 0; };
+        double sum = on_side(net_root) && !on_side(net_target) ? 0.0 : 1e9;
         for (const net_arc& arc : net.arcs) {
-            sum += (side >> arc.tail & 1) != 0 && (side >> arc.head & 1) == 0
-                       ? values[static_cast<std::size_t>(arc.gate)]
-                       : 0.0;
+            sum += on_side(arc.tail) && !on_side(arc.head) ? values[static_cast<std::size_t>(arc.gate)] : 0.0;
         }
         least = std::min(least, sum);
     }
@@ -153,11 +149,7 @@ TEST(annealing, keeps_its_best_repeats_itself_and_leaves_fixed_choices_alone) {
 
 TEST(splitting, parts_share_nothing_and_lose_nothing) {
     for (unsigned seed = 0; seed < 100; ++seed) {
-        reach_plan plan;
-        plan.num_choices = 60;
-        plan.num_groups = 12;
-        plan.nodes_per_group = 4;
-        plan.arcs_per_node = 1;
+        const reach_plan plan{.num_choices = 60, .num_groups = 12, .nodes_per_group = 4, .arcs_per_node = 1};
         const contested_problem problem = reduce(*find_reach_structure(draw_reach_model(seed, plan))).contested;
         shared_state whole(problem);
         long weight = 0;
