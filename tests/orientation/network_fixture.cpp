@@ -98,7 +98,7 @@ std::string network_test::marked() {
 std::string network_test::counted() {
     return arcs_as_text(bi_graph, [](const auto& arc) {
         const int count = boost::get(shortest_paths_counter_map, arc);
-        return count == 0 ? "-" : ":" + std::to_string(count);
+        return count == 0 ? "-" : std::string(":").append(std::to_string(count));
     });
 }
 

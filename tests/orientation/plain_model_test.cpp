@@ -66,7 +66,8 @@ TEST_F(network_test, compressed_search_equals_plain_search) {
         const std::string counts = counted();
         std::vector<std::string> pair_texts;
         for (const pair_data& pair : pairs) {
-            pair_texts.push_back(pair.pair_var.getName() + (" " + std::to_string(pair.shortest_distance)));
+            pair_texts.push_back(std::string(pair.pair_var.getName()).append(" ") +
+                                 std::to_string(pair.shortest_distance));
         }
         EXPECT_EQ(num_of_pairs, static_cast<int>(pairs.size()));
         flow_rows_seen += flow_rows().size();

@@ -14,6 +14,7 @@
 #include "solver/lp_file.hpp"
 #include "solver/lp_names.hpp"
 #include "solver/solve_record.hpp"
+#include "solver/structure/reach_structure.hpp"
 #include "solver/test_models.hpp"
 
 using namespace solver;
@@ -225,6 +226,7 @@ TEST(lp_file, equals_the_one_that_cplex_writes) {
     EXPECT_GT(records.back().num_rows(), 100);
     for (unsigned seed = 0; seed < 100; ++seed) {
         records.push_back(named_reach_model(seed));
+        ASSERT_TRUE(find_reach_structure(records.back())) << seed;
     }
     for (std::size_t i = 0; i < records.size(); ++i) {
         ASSERT_EQ(our_text(records[i]), cplex_text(records[i])) << "case " << i;
