@@ -1,7 +1,7 @@
 #include "input/name_table.hpp"
-#include "support/run_state.hpp"
+#include "support/network.hpp"
 
-using names = run_state_test;
+using names = network_test;
 
 namespace {
 
@@ -36,7 +36,6 @@ TEST_F(names, make_vertices_in_file_order_and_a_sorted_table) {
         {"A\n" + long_name, {"A", ""}, {"A"}},
     };
     for (const auto& expected : cases) {
-        reset_run_state();
         load({{"names.txt", expected.text}});
         EXPECT_EQ(proteins(), expected.vertices) << expected.text;
         EXPECT_EQ(table(), expected.searchable) << expected.text;

@@ -1,21 +1,21 @@
 // "test", "directed", "undirected" and "ko" as they should be.
 #include "input/interaction_reader.hpp"
-#include "support/run_state.hpp"
+#include "support/network.hpp"
 
-using network_files = run_state_test;
+using network_files = network_test;
 
 TEST_F(network_files, directed_lines_make_arcs_and_rows) {
     load_letters({{"directed", "A B 0.7\nA A 1\nA B 0.2\nB A x\nC D 0.5 word\nD E 1"}});
-    EXPECT_EQ(arcs(), (lines{"A->B 1 0 0 0.7", "B->A 1 0 0 0", "C->D 1 0 0 0.5"}));
-    EXPECT_EQ(rows(model), (lines{": o_A_B <= 1", ": o_B_A <= 1", ": o_C_D <= 1"}));
+    EXPECT_EQ(arcs(), (lines{"AB 1 0 0 0.7", "BA 1 0 0 0", "CD 1 0 0 0.5"}));
+    EXPECT_EQ(rows(model), (lines{"c1: o_A_B <= 1", "c2: o_B_A <= 1", "c3: o_C_D <= 1"}));
     EXPECT_EQ(keep_constraints_Ids.size(), 0u);
     EXPECT_EQ(printed(), "");
 }
 
 TEST_F(network_files, undirected_lines_make_pairs_of_arcs_that_exclude_each_other) {
     load_letters({{"directed", "A B 1\n"}, {"undirected", "B A 0.3\nC B 0.4\r\nB C 0.5\nE E 1\n"}});
-    EXPECT_EQ(arcs(), (lines{"A->B 1 0 0 1", "C->B 0 0 0 0.4", "B->C 0 0 0 0.4"}));
-    EXPECT_EQ(rows(model), (lines{": o_A_B <= 1", ": o_C_B + o_B_C <= 1"}));
+    EXPECT_EQ(arcs(), (lines{"AB 1 0 0 1", "CB 0 0 0 0.4", "BC 0 0 0 0.4"}));
+    EXPECT_EQ(rows(model), (lines{"c1: o_A_B <= 1", "c2: o_C_B + o_B_C <= 1"}));
     EXPECT_EQ(keep_constraints_Ids.size(), 1u);
     const auto reverse = --boost::edges(bi_graph).second;
     EXPECT_STREQ(boost::get(vars_map, *reverse).getName(), "o_B_C");
@@ -27,9 +27,10 @@ TEST_F(network_files, test_pairs_are_hidden_and_stand_before_all_others) {
     load_letters({{"test", "A B 0.9\nB A 1\nC C 1\nC D 0.1\nE F 1"},
                   {"directed", "B A 0.7\n"},
                   {"undirected", "D C 1\nA C 1\n"}});
-    EXPECT_EQ(arcs(), (lines{"A->B 0 1 1 0.9", "B->A 0 2 0 0.9", "C->D 0 1 1 0.1", "D->C 0 2 0 0.1", "A->C 0 0 0 1",
-                             "C->A 0 0 0 1"}));
-    EXPECT_EQ(rows(model), (lines{"keep: o_A_B + o_B_A <= 1", "keep: o_C_D + o_D_C <= 1", ": o_A_C + o_C_A <= 1"}));
+    EXPECT_EQ(arcs(),
+              (lines{"AB 0 1 1 0.9", "BA 0 2 0 0.9", "CD 0 1 1 0.1", "DC 0 2 0 0.1", "AC 0 0 0 1", "CA 0 0 0 1"}));
+    EXPECT_EQ(rows(model),
+              (lines{"keep#0: o_A_B + o_B_A <= 1", "keep#1: o_C_D + o_D_C <= 1", "c3#2:   o_A_C + o_C_A <= 1"}));
     EXPECT_EQ(keep_constraints_Ids.size(), 3u);
     EXPECT_EQ(printed(), "ERROR: duplicated test edge B A\nNotice: self loop accured\n");
 }
@@ -74,10 +75,10 @@ TEST_F(network_files, removal_takes_the_arcs_of_both_directions_and_leaves_the_m
     load_letters({{"directed", "A B 1\nB C 1\n"}, {"undirected", "C D 1\n"}});
     text_file file = in_memory("file", "D C 1\nC B 1\nA X 1\nA A 1\nA F 1\n");
     EXPECT_EQ(read_interaction(model, file, num_of_proteins, removed_interactions), 0);
-    EXPECT_EQ(arcs(), lines{"A->B 1 0 0 1"});
+    EXPECT_EQ(arcs(), lines{"AB 1 0 0 1"});
     EXPECT_EQ(rows(model).size(), 3u);
     EXPECT_EQ(printed(), "");
     file = in_memory("file", "B C 0.5\n");
     read_interaction(model, file, num_of_proteins, directed_interactions);
-    EXPECT_EQ(arcs(), (lines{"A->B 1 0 0 1", "B->C 1 0 0 0.5"}));
+    EXPECT_EQ(arcs(), (lines{"AB 1 0 0 1", "BC 1 0 0 0.5"}));
 }

@@ -2,9 +2,9 @@
 
 #include <boost/graph/graphviz.hpp>
 
-#include "support/run_state.hpp"
+#include "support/network.hpp"
 
-using graph_writer = run_state_test;
+using graph_writer = network_test;
 
 namespace {
 
