@@ -31,11 +31,10 @@ bool catches_signals(pid_t process) {
 class interrupt_test : public program_test {
  protected:
     void SetUp() override {
-        const program_result made = run_program({"in/", "proteins=2000", "directed=500", "undirected=4000", "test=500",
-                                                 "pairs=7000", "noise=0.6", "max_distance=8"},
-                                                NETORIENT_GENERATE);
-        ASSERT_EQ(made.exit_status, 0);
-        std::filesystem::create_directory(folder / "out");
+        run_program({"in/", "proteins=2000", "directed=500", "undirected=4000", "test=500", "pairs=7000", "noise=0.6",
+                     "max_distance=8"},
+                    NETORIENT_GENERATE);
+        write("out/keep", "");
     }
 
     pid_t start_solving(const std::string& program = {}, int error_stream = -1) const {
@@ -54,18 +53,14 @@ class interrupt_test : public program_test {
         EXPECT_LT(clock_type::now() - sent, 2s);
         EXPECT_EQ(result.exit_status, 0);
         EXPECT_EQ(result.err, "");
-        std::smatch parts;
-        ASSERT_TRUE(std::regex_match(result.out, parts,
-                                     std::regex("Solution status = Feasible\nSolution value  = (\\d+)\n"
-                                                "cplex solver finished\n")));
-        EXPECT_GT(std::stoi(parts[1]), 0);
-        EXPECT_LT(std::stoi(parts[1]), 7000);
+        int value = 0;
+        ASSERT_EQ(std::sscanf(result.out.c_str(), "Solution status = Feasible\nSolution value  = %d\ncplex", &value),
+                  1);
+        EXPECT_TRUE(value > 0 && value < 7000) << value;
         EXPECT_TRUE(read("out/shortest.lp").ends_with("\nEnd\n"));
-        const std::string initial = read("out/initial_graph.txt");
         const std::string solution = read("out/solution_graph.txt");
         EXPECT_TRUE(solution.ends_with("\n}\n"));
-        EXPECT_GT(solution.size(), initial.size() / 2);
-        EXPECT_LT(solution.size(), initial.size());  // test arcs that lost are gone
+        EXPECT_LT(solution.size(), read("out/initial_graph.txt").size());  // test arcs that lost are gone
     }
 };
 

@@ -5,21 +5,6 @@
 
 #include "model/network_graph.hpp"
 
-namespace {
-
-void expect_found_as_in_graph(const std::vector<vertex_descriptor>& proteins) {
-    for (const vertex_descriptor tail : proteins) {
-        for (const vertex_descriptor head : proteins) {
-            const auto expected = boost::edge(tail, head, bi_graph);
-            const auto found = find_arc(tail, head);
-            ASSERT_EQ(found.second, expected.second);
-            ASSERT_TRUE(!found.second || found.first == expected.first) << "not the first of parallel arcs";
-        }
-    }
-}
-
-}  // namespace
-
 TEST(find_arc, agrees_with_the_graph_as_arcs_come_and_go) {
     reset_run_state();
     std::vector<vertex_descriptor> proteins;
@@ -39,6 +24,13 @@ TEST(find_arc, agrees_with_the_graph_as_arcs_come_and_go) {
                 remove_arc(arc);
             }
         }
-        expect_found_as_in_graph(proteins);
+        for (const vertex_descriptor tail : proteins) {
+            for (const vertex_descriptor head : proteins) {
+                const auto expected = boost::edge(tail, head, bi_graph);
+                const auto found = find_arc(tail, head);
+                ASSERT_EQ(found.second, expected.second);
+                ASSERT_TRUE(!found.second || found.first == expected.first) << "not the first of parallel arcs";
+            }
+        }
     }
 }

@@ -4,20 +4,11 @@
 #include "report/interruption.hpp"
 #include "report/progress_line.hpp"
 
-namespace {
-
-int handled = 0;
-
-void count_signal(int) {
-    ++handled;
-}
-
-}  // namespace
-
 TEST(interruption, takes_a_signal_as_a_wish_and_gives_the_handlers_back) {
     for (const int signal_number : {SIGINT, SIGTERM}) {
+        static int handled;
         handled = 0;
-        std::signal(signal_number, count_signal);
+        std::signal(signal_number, [](int) { ++handled; });
         for (int turn = 0; turn < 2; ++turn) {
             const interruption signals;
             EXPECT_FALSE(signals.requested());

@@ -5,7 +5,6 @@
 
 #include "solver/back_ends.hpp"
 #include "solver/solve_record.hpp"
-#include "solver/structure/reach_structure.hpp"
 #include "solver/test_models.hpp"
 
 using namespace solver;
@@ -72,7 +71,6 @@ TEST_P(back_end, takes_every_setting_and_stays_silent) {
 TEST_P(back_end, solves_random_models_alike_twice) {
     for (unsigned seed = 0; seed < 10; ++seed) {
         const model_record record = named_reach_model(seed);
-        ASSERT_TRUE(find_reach_structure(record));
         const solve_answer answer = solve(record);
         ASSERT_EQ(answer.status, solve_status::optimal) << answer.reason;
         EXPECT_EQ(solve(record).values, answer.values);

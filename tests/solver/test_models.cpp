@@ -17,11 +17,10 @@ model_record record_of(const std::vector<column>& columns, const std::vector<row
     }
     for (const row& each : rows) {
         std::vector<std::pair<int, double>> terms;
-        for (std::size_t c = 0; c < each.coefficients.size(); ++c) {
-            if (each.coefficients[c] != 0.0) {
-                terms.emplace_back(static_cast<int>(c), each.coefficients[c]);
-            }
+        for (int c = 0; const double coefficient : each.coefficients) {
+            terms.emplace_back(c++, coefficient);
         }
+        std::erase_if(terms, [](const auto& term) { return term.second == 0.0; });
         add_row(record, each.lower, terms, each.upper);
     }
     return record;
@@ -49,7 +48,6 @@ void add_row(model_record& record, double lower, std::vector<std::pair<int, doub
     record.row_names.push_back({});
 }
 
-// Proteins A, B, C in a row; the pairs (A, C) and (C, A) need opposite directions.
 void add_bound(model_record& record, int first, const std::vector<int>& others) {
     std::vector<std::pair<int, double>> terms{{first, 1.0}};
     for (const int other : others) {
@@ -58,6 +56,7 @@ void add_bound(model_record& record, int first, const std::vector<int>& others) 
     add_row(record, -infinity, terms, 0.0);
 }
 
+// Proteins A, B, C in a row; the pairs (A, C) and (C, A) need opposite directions.
 model_record opposite_pairs() {
     const column chosen{0};             // A>B, B>A, B>C, C>B
     const column flow{0, 0, 1, false};  // A>B, B>C from A; C>B, B>A from C
@@ -125,28 +124,27 @@ model_record named_reach_model(unsigned seed) {
     }
     model_record record = draw_reach_model(seed, plan);
     std::mt19937 random(seed);
-    const auto below = [&](std::size_t limit) { return random() % limit; };
     const bool odd = seed % 5 == 2;
-    const std::size_t longest = seed % 5 == 3 ? 2 : seed % 5 == 4 ? 60 : 9;
+    const unsigned longest = seed % 5 == 3 ? 2 : seed % 5 == 4 ? 60 : 9;
     const auto name = [&](std::string made) {
-        static const std::string letters = "ABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789_.#()!,;'e";
-        static const std::string odd_ones = " -+*/:<>=[]^|\\\xe9\xce\xb2";
-        for (std::size_t length = 1 + below(longest); length > 0; --length) {
-            const std::string& from = odd && below(9) == 0 ? odd_ones : letters;
-            made += from[below(from.size())];
+        const std::string letters = "ABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789_.#()!,;'e";
+        const std::string odd_ones = " -+*/:<>=[]^|\\\xe9\xce\xb2";
+        for (auto length = 1 + random() % longest; length > 0; --length) {
+            const std::string& from = odd && random() % 9 == 0 ? odd_ones : letters;
+            made += from[random() % from.size()];
         }
         return made;
     };
     name_list columns;
     for (std::size_t c = 0; c < record.column_names.size(); ++c) {
         const std::string drawn(record.column_names[c].substr(0, 2));
-        columns.push_back(drawn.empty() ? odd ? name("f") : "" : name(drawn));
-    }
-    name_list rows;
-    for (const double upper : record.row_upper) {
-        rows.push_back(upper == 0.0 || below(8) > 0 ? "" : longest == 9 ? "keep" : name("r"));
+        columns.push_back(!drawn.empty() ? name(drawn) : odd ? name("f") : "");
     }
     record.column_names = columns;
+    name_list rows;
+    for (const double upper : record.row_upper) {
+        rows.push_back(upper == 0.0 || random() % 8 > 0 ? "" : longest == 9 ? "keep" : name("r"));
+    }
     record.row_names = rows;
     record.objective_name = "obj";
     return record;
@@ -155,17 +153,14 @@ model_record named_reach_model(unsigned seed) {
 model_record long_solve() {
     std::mt19937 random(1);
     std::vector<column> columns(100, {0.0});
-    std::vector<row> rows(10, {-infinity, {}, 0.0});
+    std::vector<row> rows(10, {-infinity, {}, 25000.0});
     for (column& each : columns) {
         each.objective = static_cast<double>(random() % 500);
         for (row& knapsack : rows) {
-            knapsack.coefficients.push_back(1.0 + static_cast<double>(random() % 1000));
-            knapsack.upper += knapsack.coefficients.back() / 2.0;
-            each.objective += std::floor(knapsack.coefficients.back() / 10.0);
+            const double weight = 1.0 + static_cast<double>(random() % 1000);
+            knapsack.coefficients.push_back(weight);
+            each.objective += std::floor(weight / 10.0);
         }
-    }
-    for (row& knapsack : rows) {
-        knapsack.upper = std::floor(knapsack.upper);
     }
     model_record record = record_of(columns, rows);
     record.settings.relative_gap = 0.0;

@@ -49,6 +49,6 @@ solver::model_record odd_cycles();
 // beyond ASCII, short and so repeated, long, or none. Same seed, same model.
 solver::model_record named_reach_model(unsigned seed);
 
-// 100 binaries in 10 knapsacks, half of everything fits in each: solutions come at
+// 100 binaries in 10 knapsacks, about half of everything fits in each: solutions come at
 // once, a proof of the optimum takes long.
 solver::model_record long_solve();

@@ -8,14 +8,6 @@
 #include <fstream>
 #include <sstream>
 
-namespace {
-
-void redirect(int stream, const char* path) {
-    dup2(open(path, O_WRONLY | O_CREAT | O_TRUNC, 0600), stream);
-}
-
-}  // namespace
-
 program_test::program_test() {
     std::string pattern = std::filesystem::temp_directory_path() / "netorient.XXXXXX";
     folder = mkdtemp(pattern.data());
@@ -50,11 +42,8 @@ pid_t program_test::start_program(std::vector<std::string> arguments, std::strin
     const pid_t child = fork();
     if (child == 0) {
         if (chdir(folder.c_str()) == 0) {
-            redirect(STDOUT_FILENO, "stdout");
-            redirect(STDERR_FILENO, "stderr");
-            if (error_stream >= 0) {
-                dup2(error_stream, STDERR_FILENO);
-            }
+            dup2(creat("stdout", 0600), STDOUT_FILENO);
+            dup2(error_stream >= 0 ? error_stream : creat("stderr", 0600), STDERR_FILENO);
             execv(argv[0], argv.data());
         }
         _exit(127);
