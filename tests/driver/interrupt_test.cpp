@@ -67,11 +67,7 @@ class interrupt_test : public program_test {
 }  // namespace
 
 TEST_F(interrupt_test, ends_with_the_best_so_far) {
-    struct {
-        std::string program;
-        int signal_number;
-        std::chrono::milliseconds delay;
-    } const cases[] = {
+    const std::tuple<std::string, int, std::chrono::milliseconds> cases[] = {
         {"", SIGINT, 0ms}, {"", SIGTERM, 1500ms}, {PLAIN_PROGRAM, SIGTERM, 0ms}, {PLAIN_PROGRAM, SIGINT, 4s}};
     for (const auto& [program, signal_number, delay] : cases) {
         const pid_t process = start_solving(program);

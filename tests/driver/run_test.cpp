@@ -91,33 +91,26 @@ TEST_F(run_test, goes_on_without_input_files) {
 }
 
 TEST_F(run_test, holds_9999_names_with_a_last_line_feed_and_10000_without) {
-    struct {
-        int names;
-        bool line_feed;
-        std::string messages;
-        int vertices;
-    } const cases[] = {
+    const std::tuple<int, bool, std::string, int> cases[] = {
         {9999, true, "", 10000},
         {9999, false, "ERROR : a knouckout pair with unrecognized proteins: p1koa9999\n", 9999},
         {10000, false, "", 10000},
         {10000, true, "current id exceeded MAX_PROTEIN_ID. MAX_PROTEIN_ID = 10000\n", 10001},
     };
-    write("in/test", "");
     write("in/undirected", "");
     write("in/directed", "p1 p2 1\n");
     write("in/ko", "p1 a9999 1\n");
-    write("out/keep", "");
-    for (const auto& expected : cases) {
+    for (const auto& [num_of_names, line_feed, messages, vertices] : cases) {
         std::string names;
-        for (int i = 1; i <= expected.names; ++i) {
+        for (int i = 1; i <= num_of_names; ++i) {
             names.append(i == 9999 ? "a" : "p").append(std::to_string(i)).append("\n");
         }
-        write("in/names.txt", names.substr(0, names.size() - (expected.line_feed ? 0 : 1)));
-        const program_result result = run_program({"in/", "out/"});
+        write("in/names.txt", names.substr(0, names.size() - (line_feed ? 0 : 1)));
+        const program_result result = run_program({"in/", "in/"});
         EXPECT_EQ(result.exit_status, 0);
-        EXPECT_EQ(result.out, expected.messages + solved("0"));
-        const std::string drawing = read("out/initial_graph.txt");
-        EXPECT_EQ(std::count(drawing.begin(), drawing.end(), '['), expected.vertices);
+        EXPECT_EQ(result.out, messages + solved("0"));
+        const std::string drawing = read("in/initial_graph.txt");
+        EXPECT_EQ(std::count(drawing.begin(), drawing.end(), '['), vertices);
     }
 }
 

@@ -17,10 +17,6 @@
 
 namespace {
 
-struct null_buffer : std::streambuf {
-    int overflow(int byte) override { return traits_type::not_eof(byte); }
-};
-
 void require(bool holds) {
     if (!holds) {
         std::abort();
@@ -57,9 +53,7 @@ void check_network() {
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    static null_buffer nowhere;
-    std::cout.rdbuf(&nowhere);
-
+    std::cout.rdbuf(nullptr);  // what is printed goes nowhere
     reset_run_state();
     IloModel model(env);
     name_objective();

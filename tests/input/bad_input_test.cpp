@@ -2,6 +2,7 @@
 // brings the reader to a stop.
 #include <algorithm>
 
+#include "input/text_file.hpp"
 #include "support/network.hpp"
 
 using bad_input = network_test;

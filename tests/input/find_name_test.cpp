@@ -5,15 +5,9 @@
 #include "input/name_table.hpp"
 #include "support/network.hpp"
 
-namespace {
+using find_name_test = network_test;
 
-void fill(protein_name_data* table, const lines& names) {
-    for (const std::string& name : names) {
-        table->protein = add_protein(name);
-        table->name = std::make_unique<char[]>(max_name_length + 1);
-        name.copy(table++->name.get(), max_name_length);
-    }
-}
+namespace {
 
 // Every step is half the last one, rounded up, until the search comes back to where it
 // was two steps ago. Also says where it ended.
@@ -41,23 +35,22 @@ std::pair<bool, int> search_in_steps(const lines& names, const std::string& want
 
 // Even numbers are in the table; behind them stands one entry more, empty or, as after a
 // file without its last line feed, one more name.
-TEST(find_name, ends_where_its_steps_end_and_finds_all_but_two_names) {
+TEST_F(find_name_test, ends_where_its_steps_end_and_finds_all_but_two_names) {
     for (const std::string last : {"", "999999"}) {
-        for (int size = 0; size <= 302; ++size) {
-            const int max_id = size == 301 ? 4097 : size == 302 ? 9999 : size;
+        for (int max_id = 0; max_id <= 300; ++max_id) {
             lines names;
             lines wanted{last, "1"};
+            std::string text;
             for (int i = 0; i < max_id; ++i) {
                 names.push_back(std::to_string(100000 + 2 * i));
                 wanted.insert(wanted.end(), {names.back(), std::to_string(100001 + 2 * i)});
+                text += names.back() + "\n";
             }
             names.push_back(last);
-            reset_run_state();
-            std::vector<protein_name_data> table(names.size());
-            fill(table.data(), names);
+            load({{"names.txt", text + last}});
             for (std::size_t i = 0; i < wanted.size(); ++i) {
                 int mid = -1;
-                const bool found = find_name(table.data(), wanted[i].c_str(), max_id, &mid);
+                const bool found = find_name(protein_names_map, wanted[i].c_str(), max_id, &mid);
                 ASSERT_EQ(std::pair(found, mid), search_in_steps(names, wanted[i])) << max_id << ' ' << wanted[i];
                 const bool deliberate_miss = i == 2 && (max_id == 2 || max_id == 3);
                 ASSERT_TRUE(i < 2 || found == (i % 2 == 0 && !deliberate_miss)) << max_id << ' ' << wanted[i];
@@ -66,34 +59,23 @@ TEST(find_name, ends_where_its_steps_end_and_finds_all_but_two_names) {
     }
 }
 
-TEST(find_name, answers_not_found_where_an_entry_has_no_name) {
-    std::vector<protein_name_data> table(2);
-    int mid = -1;
-    EXPECT_FALSE(find_name(table.data(), "A", -1, &mid));
-    EXPECT_FALSE(find_name(table.data(), "", 1, &mid));
-    EXPECT_EQ(mid, 0);
-}
-
 // Names that push one another out, some of them several times in the table, asked for
 // again and again in any order.
-TEST(protein_finder, finds_what_the_search_finds) {
+TEST_F(find_name_test, is_what_the_finder_finds) {
     std::mt19937 engine(1);
     for (const int max_id : {0, 1, 2, 3, 4, 700, 9999}) {
-        reset_run_state();
-        lines names;
+        const auto name_of = [](int number) { return std::to_string(100000 + number); };
+        std::string text;
         for (int i = 0; i < max_id; ++i) {
-            names.push_back(std::to_string(100000 + i - i % 3));
+            text += name_of(i - i % 3) + "\n";
         }
-        names.push_back("");
-        fill(protein_names_map, names);
+        load({{"names.txt", text}});
         protein_finder finder(max_id);
         for (int i = 0; i < 5 * max_id + 10; ++i) {
-            const std::string name =
-                engine() % 50 == 0 ? "" : std::to_string(100000 + engine() % static_cast<unsigned>(max_id + 2));
+            const std::string name = i % 50 == 0 ? "" : name_of(static_cast<int>(engine() % 10001) % (max_id + 2));
             int mid = 0;
             const bool found = find_name(protein_names_map, name.c_str(), max_id, &mid);
             ASSERT_EQ(finder.find(name), found ? protein_names_map[mid].protein : nullptr) << max_id << ' ' << name;
         }
     }
-    reset_run_state();
 }

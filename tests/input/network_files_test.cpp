@@ -47,38 +47,28 @@ TEST_F(network_files, knockouts_keep_file_order_and_repeats) {
 TEST_F(network_files, unknown_names_are_reported_in_the_words_of_each_file) {
     load_letters({{"test", "X A 1\nX Y 1\nX X 1\n"}, {"directed", "A X 1\nX X 1\n"}, {"undirected", "X A 1\n"}});
     EXPECT_EQ(arcs(), lines());
+    const auto not_found = [](const std::string& name) { return "ERROR: protein " + name + " not found in the list "; };
+    const std::string x = not_found("X");
+    const std::string x1 = x + "(in file = 1)\n";
     EXPECT_EQ(printed(),
-              "ERROR: protein X not found in the list \n"
-              "ERROR: protein X not found in the list \nERROR: protein Y not found in the list \n"
-              "ERROR: protein X not found in the list \nERROR: protein X not found in the list \n"
-              "ERROR: protein X not found in the list (in file = 1)\n"
-              "ERROR: protein X not found in the list (in file = 1)\n"
-              "ERROR: protein X not found in the list (in file = 1)\n"
-              "ERROR: protein X not found in the list (in file = 2)\n");
+              x + "\n" + x + "\n" + not_found("Y") + "\n" + x + "\n" + x + "\n" + x1 + x1 + x1 + x + "(in file = 2)\n");
 }
 
-TEST_F(network_files, reading_an_interaction_file_counts_the_lines_taken) {
+TEST_F(network_files, reading_counts_lines_taken_and_removal_takes_both_directions_and_leaves_the_model) {
     load_letters({});
-    const auto count = [&](const char* text, int mode) {
-        text_file file = in_memory("file", text);
+    const auto read = [&](const char* text, int mode) {
+        text_file file{.path = "file", .text = text};
         return read_interaction(model, file, num_of_proteins, mode);
     };
-    EXPECT_EQ(count("A B 1\nA B 1\nA A 1\nA X 1\nB C 1\nC D 1", directed_interactions), 3);
-    EXPECT_EQ(count("A B 1\nD E 1\n", undirected_interactions), 2);
-    EXPECT_EQ(count("", undirected_interactions), 0);
+    EXPECT_EQ(read("A B 1\nA B 1\nA A 1\nA X 1\nB C 1\nE D", directed_interactions), 3);
+    EXPECT_EQ(read("A B 1\nC D 1\n", undirected_interactions), 2);
     printed();
-    EXPECT_EQ(read_interaction(model, "no/such/file", num_of_proteins, directed_interactions), 0);
-    EXPECT_EQ(printed(), "ERROR: in file no/such/file not opened\n");
-}
-
-TEST_F(network_files, removal_takes_the_arcs_of_both_directions_and_leaves_the_model) {
-    load_letters({{"directed", "A B 1\nB C 1\n"}, {"undirected", "C D 1\n"}});
-    text_file file = in_memory("file", "D C 1\nC B 1\nA X 1\nA A 1\nA F 1\n");
-    EXPECT_EQ(read_interaction(model, file, num_of_proteins, removed_interactions), 0);
+    EXPECT_EQ(read("D C 1\nC B 1\nA X 1\nA A 1\nA F 1\n", removed_interactions), 0);
+    EXPECT_EQ(printed(), "");
     EXPECT_EQ(arcs(), lines{"AB 1 0 0 1"});
     EXPECT_EQ(rows(model).size(), 3u);
-    EXPECT_EQ(printed(), "");
-    file = in_memory("file", "B C 0.5\n");
-    read_interaction(model, file, num_of_proteins, directed_interactions);
+    read("B C 0.5\n", directed_interactions);
     EXPECT_EQ(arcs(), (lines{"AB 1 0 0 1", "BC 1 0 0 0.5"}));
+    EXPECT_EQ(read_interaction(model, "no/such/file", num_of_proteins, directed_interactions), 0);
+    EXPECT_EQ(printed(), "ERROR: in file no/such/file not opened\n");
 }

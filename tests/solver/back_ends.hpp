@@ -2,8 +2,11 @@
 #pragma once
 
 #include <dlfcn.h>
+#include <unistd.h>
 
-#include <ostream>
+#include <cstdio>
+#include <fstream>
+#include <sstream>
 #include <string>
 
 #include <gtest/gtest.h>
@@ -30,6 +33,17 @@ template <typename... arguments>
 int call_cplex(const char* name, arguments... given) {
     void* handle = dlopen(test_cplex_library.c_str(), RTLD_NOW | RTLD_LOCAL);
     return reinterpret_cast<int (*)(arguments...)>(dlsym(handle, name))(given...);
+}
+
+// What a function that gets a path writes there. Tests run side by side.
+template <typename writer>
+std::string written_by(const writer& write) {
+    const std::string path = testing::TempDir() + "netorient_" + std::to_string(getpid());
+    write(path.c_str());
+    std::ostringstream text;
+    text << std::ifstream(path, std::ios::binary).rdbuf();
+    std::remove(path.c_str());
+    return text.str();
 }
 
 #define SKIP_WITHOUT_CPLEX() \

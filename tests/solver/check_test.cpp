@@ -3,7 +3,6 @@
 
 #include <gtest/gtest.h>
 
-#include "solver/concert.hpp"
 #include "solver/solve_record.hpp"
 #include "solver/test_models.hpp"
 
@@ -58,18 +57,4 @@ TEST(check, rejects_what_is_no_answer) {
         EXPECT_EQ(answer.status, solve_status::error) << fault;
         EXPECT_FALSE(answer.reason.empty()) << fault;
     }
-}
-
-TEST(check, a_session_passes_failures_on) {
-    const IloEnv env;
-    const IloModel model(env);
-    model.add(2 * IloNumVar(env, 0.0, 1.0, IloNumVar::Bool) <= 1.0);
-    IloCplex cplex(model);
-    cplex.use_back_end([](const model_record&, const solve_watch&) {
-        return solve_answer{solve_status::optimal, {1.0}, 0.0, 0.0, ""};
-    });
-    EXPECT_FALSE(cplex.solve());
-    EXPECT_EQ(cplex.getStatus(), IloCplex::Error);
-    EXPECT_EQ(cplex.failure_reason(), "the answer breaks row 1");
-    EXPECT_THROW(cplex.getObjValue(), IloException);
 }

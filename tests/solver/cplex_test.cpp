@@ -20,40 +20,31 @@ solve_answer solve_at(const char* library_path) {
 
 }  // namespace
 
-// Asked back from the library itself, by its own names.
+// As the library itself writes them down, those that are not its defaults.
 TEST(cplex, gets_every_setting_and_priority) {
     SKIP_WITHOUT_CPLEX();
     model_record record = record_of({{0}, {0}, {1, 0, 1, false}, {0}}, {});
     record.settings = {3, 4, 2, 1280.0, 0.25};
     record.column_priority = {7, 0, 9, 2.6};  // none for the second, and no order for a real one
     const cplex::loaded_problem loaded(test_cplex_library, record);
-    const auto setting = [&](const char* get, const char* name, auto value) {
-        int number = 0;
-        loaded.require(call_cplex("CPXgetparamnum", loaded.env, name, &number));
-        loaded.require(call_cplex(get, loaded.env, number, &value));
-        return value;
-    };
-    const std::vector<std::pair<const char*, int>> whole{{"STARTALG", 3},  {"LPMETHOD", 3}, {"VARSEL", 4},
-                                                         {"DIVETYPE", 2},  {"THREADS", 1},  {"PARALLELMODE", 1},
-                                                         {"RANDOMSEED", 0}};
-    for (const auto& [name, expected] : whole) {
-        EXPECT_EQ(setting("CPXgetintparam", (std::string("CPX_PARAM_") + name).c_str(), -1), expected) << name;
-    }
-    const std::vector<std::pair<const char*, double>> real{
-        {"WORKMEM", 1280.0}, {"EPGAP", 0.25}, {"EPAGAP", 1e-6}, {"EPINT", 1e-9}};
-    for (const auto& [name, expected] : real) {
-        EXPECT_EQ(setting("CPXgetdblparam", (std::string("CPX_PARAM_") + name).c_str(), -1.0), expected) << name;
-    }
-    int count = 0;
-    int surplus = 0;
-    std::vector<int> columns(4, -1);
-    std::vector<int> priorities(4, -1);
-    int* const no_directions = nullptr;
-    loaded.require(call_cplex("CPXgetorder", loaded.env, loaded.lp, &count, columns.data(), priorities.data(),
-                              no_directions, 4, &surplus));
-    EXPECT_EQ(count, 2);
-    EXPECT_EQ(columns, (std::vector<int>{0, 3, -1, -1}));
-    EXPECT_EQ(priorities, (std::vector<int>{7, 3, -1, -1}));
+    const std::string settings =
+        written_by([&](const char* path) { loaded.require(call_cplex("CPXwriteparam", loaded.env, path)); });
+    EXPECT_EQ(settings.substr(settings.find('\n')), R"(
+CPXPARAM_LPMethod                                3
+CPXPARAM_Threads                                 1
+CPXPARAM_Parallel                                1
+CPXPARAM_RandomSeed                              0
+CPXPARAM_MIP_Strategy_StartAlgorithm             3
+CPXPARAM_MIP_Strategy_VariableSelect             4
+CPXPARAM_MIP_Strategy_Dive                       2
+CPXPARAM_WorkMem                                 1280
+CPXPARAM_MIP_Tolerances_MIPGap                   0.25
+CPXPARAM_MIP_Tolerances_Integrality              1.0000000000000001e-09
+)");
+    const std::string order =
+        written_by([&](const char* path) { loaded.require(call_cplex("CPXordwrite", loaded.env, loaded.lp, path)); });
+    EXPECT_TRUE(
+        order.ends_with("\n    x1                            7\n    x4                            3\nENDATA\n"));
 }
 
 TEST(cplex, says_in_one_line_why_it_cannot_solve) {

@@ -38,8 +38,8 @@ void network_test::load(const file_texts& files) {
     read_data(
         [&](const char* name) {
             const auto file = files.find(name);
-            return file == files.end() ? text_file{.path = name, .text = {}, .opened = false}
-                                       : in_memory(name, file->second);
+            const bool given = file != files.end();
+            return text_file{.path = name, .text = given ? file->second : "", .opened = given};
         },
         model);
 }
@@ -103,10 +103,6 @@ lines network_test::flow_rows() const {
         row.erase(0, row.find_first_not_of(' ', row.find(':') + 1));
     }
     return found;
-}
-
-text_file in_memory(const std::string& path, const std::string& text) {
-    return {.path = path, .text = text};
 }
 
 lines proteins() {

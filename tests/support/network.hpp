@@ -8,7 +8,6 @@
 
 #include <gtest/gtest.h>
 
-#include "input/text_file.hpp"
 #include "model/network_graph.hpp"
 
 using lines = std::vector<std::string>;
@@ -47,8 +46,6 @@ class network_test : public testing::Test {
     std::ostringstream captured;
     std::streambuf* standard_output;
 };
-
-text_file in_memory(const std::string& path, const std::string& text);
 
 // Vertex names in graph order.
 lines proteins();
