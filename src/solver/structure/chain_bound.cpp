@@ -34,9 +34,9 @@ chain_bound::layout chain_bound::lay_out(const contested_problem& problem) {
         for (std::size_t a = 0; a < net.arcs.size(); ++a) {
             entry[a] = net.arcs[a].tail == net_root ? net_root : split.num_nodes++;
             exit[a] = net.arcs[a].head == net_target ? net_target : split.num_nodes++;
-            split.arcs.push_back({entry[a], exit[a], net.arcs[a].gate});
         }
         for (std::size_t a = 0; a < net.arcs.size(); ++a) {
+            split.arcs.push_back({entry[a], exit[a], net.arcs[a].gate});
             for (std::size_t b = 0; b < net.arcs.size(); ++b) {
                 if (net.arcs[a].head != net.arcs[b].tail) {
                     continue;

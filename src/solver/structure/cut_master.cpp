@@ -38,8 +38,6 @@ cut_master::cut_master(const contested_problem& problem, pair_layout layout, con
       watch_(watch),
       pair_columns_(std::move(layout.pair_columns)),
       program_(std::move(layout.weights), layout.constant, watch) {
-    // A few times what programs need whose bound comes near in the end.
-    program_.limit_iterations(3000 + program_.num_columns() / 4);
     std::vector<gate_cut> cuts;
     for (std::size_t p = 0; p < problem.pairs.size() && !watch_.stop_requested(); ++p) {
         if (pair_columns_[p] >= 0) {
@@ -50,6 +48,8 @@ cut_master::cut_master(const contested_problem& problem, pair_layout layout, con
             }
         }
     }
+    // A few times what programs need whose bound comes near in the end.
+    program_.limit_iterations(3000 + (program_.num_columns() + program_.num_rows()) / 4);
 }
 
 void cut_master::add_cut(int pair, const gate_cut& cut) {

@@ -31,7 +31,7 @@ std::vector<char> reach(const pair_net& net, int from, bool forward, bool only_o
                 changed = true;
             }
         };
-        // Arcs stand with those near the root first, more or less: one pass nearly always does.
+        // Arcs stand with those near the root first, nearly always: one pass does, a second one sees it.
         if (forward) {
             std::for_each(net.arcs.begin(), net.arcs.end(), visit);
         } else {
@@ -117,21 +117,56 @@ bool contract_series(pair_net& net) {
     return changed;
 }
 
-// An arc beside an open one, or beside one through the same gate, adds nothing.
+// An arc beside an open one, or beside one through the same gate, adds nothing. The
+// others keep their order, for the sake of later walks.
 bool drop_parallel(pair_net& net) {
-    const auto key = [](const net_arc& arc) { return std::make_tuple(arc.tail, arc.head, arc.gate); };
-    std::vector<net_arc> sorted = net.arcs;
-    std::sort(sorted.begin(), sorted.end(), [&key](const net_arc& a, const net_arc& b) { return key(a) < key(b); });
-    const auto beside = [](const net_arc& kept, const net_arc& next) {
-        return kept.tail == next.tail && kept.head == next.head && (kept.gate == open_gate || kept.gate == next.gate);
+    std::vector<std::size_t> order(net.arcs.size());
+    std::iota(order.begin(), order.end(), std::size_t{0});
+    const auto key = [&net](std::size_t a) {
+        return std::make_tuple(net.arcs[a].tail, net.arcs[a].head, net.arcs[a].gate, a);
     };
-    const auto end = std::unique(sorted.begin(), sorted.end(), beside);
-    if (end == sorted.end()) {
+    std::sort(order.begin(), order.end(), [&key](std::size_t a, std::size_t b) { return key(a) < key(b); });
+    const auto beside = [&net](std::size_t kept, std::size_t next) {
+        const net_arc& one = net.arcs[kept];
+        const net_arc& other = net.arcs[next];
+        return one.tail == other.tail && one.head == other.head && (one.gate == open_gate || one.gate == other.gate);
+    };
+    order.erase(std::unique(order.begin(), order.end(), beside), order.end());
+    if (order.size() == net.arcs.size()) {
         return false;
     }
-    sorted.erase(end, sorted.end());
-    net.arcs = std::move(sorted);
+    std::sort(order.begin(), order.end());
+    std::transform(order.begin(), order.end(), net.arcs.begin(), [&net](std::size_t a) { return net.arcs[a]; });
+    net.arcs.resize(order.size());
     return true;
+}
+
+// Puts the arcs in an order in which those into a node come before those out of it.
+void order_arcs(pair_net& net) {
+    std::vector<int> first(at(net.num_nodes) + 1, 0);  // of the arcs that leave a node
+    std::vector<int> entering(at(net.num_nodes), 0);
+    for (const net_arc& arc : net.arcs) {
+        ++first[at(arc.tail) + 1];
+        ++entering[at(arc.head)];
+    }
+    std::partial_sum(first.begin(), first.end(), first.begin());
+    std::vector<net_arc> leaving(net.arcs.size());
+    std::vector<int> next = first;
+    for (const net_arc& arc : net.arcs) {
+        leaving[at(next[at(arc.tail)]++)] = arc;
+    }
+    std::vector<int> ready{net_root};
+    net.arcs.clear();
+    while (!ready.empty()) {
+        const int node = ready.back();
+        ready.pop_back();
+        for (int a = first[at(node)]; a < first[at(node) + 1]; ++a) {
+            net.arcs.push_back(leaving[at(a)]);
+            if (--entering[at(leaving[at(a)].head)] == 0) {
+                ready.push_back(leaving[at(a)].head);
+            }
+        }
+    }
 }
 
 }  // namespace
@@ -150,7 +185,8 @@ net_fate simplify_net(pair_net& net, const std::vector<gate_state>& gates) {
     return net_fate::undecided;
 }
 
-// By the gates around each node: a gate stands once in a network.
+// By the gates around each node: a gate stands once in a network. Then by the way from
+// the root, so that whoever walks over the arcs has been to an arc's tail before.
 void number_net(pair_net& net) {
     std::stable_sort(net.arcs.begin(), net.arcs.end(), [](const net_arc& a, const net_arc& b) {
         return static_cast<unsigned>(a.gate) < static_cast<unsigned>(b.gate);  // open arcs last
@@ -168,6 +204,7 @@ void number_net(pair_net& net) {
         }
     }
     net.num_nodes = count;
+    order_arcs(net);
 }
 
 }  // namespace solver

@@ -22,8 +22,9 @@ enum class net_fate { undecided, satisfied, lost };
 // open_gate.
 net_fate simplify_net(pair_net& net, const std::vector<gate_state>& gates);
 
-// Numbers nodes 0 .. num_nodes - 1 and orders arcs so that equal networks come out
-// equal, whatever their nodes were called.
+// Numbers nodes 0 .. num_nodes - 1 and orders arcs, those into a node before those out
+// of it, so that equal networks come out equal, whatever their nodes were called. The
+// net has been simplified, and has no cycle.
 void number_net(pair_net& net);
 
 }  // namespace solver
