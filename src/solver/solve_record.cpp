@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <exception>
 #include <optional>
 #include <utility>
 
@@ -51,6 +52,39 @@ solve_answer believed(const model_record& record, solve_answer answer) {
     return answer;
 }
 
+solve_answer solve_and_check(const model_record& record, back_end_function back_end, const solve_watch& watch) {
+    if (record.num_columns() == 0) {
+        solve_answer answer;
+        answer.status = solve_status::optimal;
+        answer.objective = answer.bound = record.objective_constant;
+        return answer;
+    }
+    const std::optional<reach_structure> structure = find_reach_structure(record);
+    if (!structure) {
+        return believed(record, back_end(record, watch));
+    }
+    if (back_end == search_with_highs) {
+        return believed(record, solve_by_structure(*structure, record.num_columns(), watch));
+    }
+    solve_answer answer = believed(record, solve_in_neutral_order(record, *structure, back_end, watch));
+    directions chosen;
+    if (has_values(answer)) {
+        chosen = directions_of(*structure, answer.values);
+    } else if (answer.status == solve_status::unknown && watch.stop_requested()) {
+        // Stopped before anything was found; any directions are a solution.
+        chosen.assign(static_cast<std::size_t>(structure->num_choices()), 0);
+        answer = {.status = solve_status::feasible,
+                  .values = {},
+                  .objective = record.objective_constant + static_cast<double>(reached_weight(*structure, chosen)),
+                  .bound = infinity,
+                  .reason = {}};
+    } else {
+        return answer;
+    }
+    answer.values = values_of(*structure, chosen, record.num_columns());
+    return believed(record, std::move(answer));
+}
+
 }  // namespace
 
 std::string check_values(const model_record& record, std::vector<double>& values, double& objective) {
@@ -88,36 +122,15 @@ std::string check_values(const model_record& record, std::vector<double>& values
 }
 
 solve_answer solve_record(const model_record& record, back_end_function back_end, const solve_watch& watch) {
-    if (record.num_columns() == 0) {
+    try {
+        return solve_and_check(record, back_end, watch);
+    } catch (const std::exception& failure) {
+        // Out of memory, or a solver that refuses what it is given: no reason to lose the message.
         solve_answer answer;
-        answer.status = solve_status::optimal;
-        answer.objective = answer.bound = record.objective_constant;
+        answer.status = solve_status::error;
+        answer.reason = failure.what();
         return answer;
     }
-    const std::optional<reach_structure> structure = find_reach_structure(record);
-    if (!structure) {
-        return believed(record, back_end(record, watch));
-    }
-    if (back_end == search_with_highs) {
-        return believed(record, solve_by_structure(*structure, record.num_columns(), watch));
-    }
-    solve_answer answer = believed(record, solve_in_neutral_order(record, *structure, back_end, watch));
-    directions chosen;
-    if (has_values(answer)) {
-        chosen = directions_of(*structure, answer.values);
-    } else if (answer.status == solve_status::unknown && watch.stop_requested()) {
-        // Stopped before anything was found; any directions are a solution.
-        chosen.assign(static_cast<std::size_t>(structure->num_choices()), 0);
-        answer = {.status = solve_status::feasible,
-                  .values = {},
-                  .objective = record.objective_constant + static_cast<double>(reached_weight(*structure, chosen)),
-                  .bound = infinity,
-                  .reason = {}};
-    } else {
-        return answer;
-    }
-    answer.values = values_of(*structure, chosen, record.num_columns());
-    return believed(record, std::move(answer));
 }
 
 }  // namespace solver
