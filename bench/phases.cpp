@@ -11,6 +11,7 @@
 // "reached SECONDS VALUE BOUND" what was known that long after the program began.
 #include <sys/resource.h>
 
+#include <chrono>
 #include <cstdio>
 #include <cstdlib>
 #include <ctime>
@@ -38,6 +39,11 @@ void print_peak(const char* name) {
     std::printf("peak %s %.0f\n", name, static_cast<double>(usage.ru_maxrss) / 1024);
 }
 
+double since_start() {
+    static const auto start = std::chrono::steady_clock::now();
+    return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+}
+
 template <typename phase_function>
 double timed(const phase_function& phase) {
     const double start = processor_time();
@@ -61,7 +67,8 @@ struct solve_log {
         if (progress.value != value || progress.bound != bound) {
             value = progress.value;
             bound = progress.bound;
-            std::printf("reached %.3f %.0f %.0f\n", since, value, bound);
+            std::printf("reached %.3f %.0f %.0f\n", since_start(), value, bound);
+            std::fflush(stdout);
         }
     }
 };
@@ -69,6 +76,7 @@ struct solve_log {
 }  // namespace
 
 int main(int argc, char** argv) {
+    since_start();
     if (argc < 3) {
         std::fprintf(stderr, "usage: phases INPUT/ OUTPUT/ [SECONDS]\n");
         return 1;
@@ -107,7 +115,7 @@ int main(int argc, char** argv) {
     }
     if (limit > 0.0) {
         solve_log log;
-        cplex.set_watch({.stop_requested = [&] { return processor_time() > limit; },
+        cplex.set_watch({.stop_requested = [&] { return since_start() > limit; },
                          .report = [&](const solver::solve_progress& progress) { log.take(progress); }});
         print_phase("solve", timed([&] { compare(cplex, model, 0); }));
         log.end_stage("answer");

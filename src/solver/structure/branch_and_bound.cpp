@@ -8,6 +8,8 @@
 namespace solver {
 namespace {
 
+constexpr long most_nodes = 1 << 30;  // that fit into the solver's option
+
 // Weights are whole, so a relaxed value proves no more than its whole part. The added
 // tolerance can only weaken the bound.
 long whole_bound(double bound) {
@@ -64,7 +66,7 @@ void pass_start(const contested_problem& problem, const cut_master& master, shar
 
 }  // namespace
 
-void branch_and_bound(const contested_problem& problem, cut_master& master, shared_state& state, long goal,
+bool branch_and_bound(const contested_problem& problem, cut_master& master, shared_state& state, long goal,
                       long max_nodes, const known_outside& outside, const solve_watch& watch,
                       contested_answer& answer) {
     // The solver's own value is that of a relaxation, so reports show what is known here.
@@ -77,20 +79,20 @@ void branch_and_bound(const contested_problem& problem, cut_master& master, shar
     while (answer.weight < answer.bound && answer.bound >= goal && !watch.stop_requested()) {
         highs_handle highs(inner);
         highs.set_option("mip_rel_gap", 0.0);
-        highs.set_option("mip_abs_gap", 1.0 - 1e-6);  // whole weights
-        highs.set_option("mip_max_nodes", static_cast<int>(max_nodes));
+        highs.set_option("mip_abs_gap", 1.0 - 1e-5);  // whole weights
+        highs.set_option("mip_max_nodes", static_cast<int>(std::min(max_nodes, most_nodes)));
         pass_program(master, highs);
         pass_start(problem, master, state, answer.chosen, highs);
         incumbent found;
         if (highs.run(found) == run_end::failed) {
-            return;
+            return false;
         }
         const bool finished = highs.model_status() == kHighsModelStatusOptimal;
         if (std::isfinite(found.bound)) {
             answer.bound = std::min(answer.bound, std::max(answer.weight, whole_bound(found.bound)));
         }
         if (found.values.empty()) {
-            return;
+            return !finished;
         }
         state.set(rounded(found.values.data(), master.num_choices()));
         if (state.weight() > answer.weight) {
@@ -99,9 +101,10 @@ void branch_and_bound(const contested_problem& problem, cut_master& master, shar
         }
         const bool more_cuts = master.add_cuts_broken_by(found.values, 1e-4) > 0;
         if (!finished || !more_cuts) {
-            return;
+            return !finished;
         }
     }
+    return true;
 }
 
 }  // namespace solver

@@ -15,7 +15,8 @@ namespace solver {
 
 // Improves the answer's directions and bound until they meet, the bound falls below
 // goal, or the watch or the limit on nodes ends it. The state is used for counting.
-void branch_and_bound(const contested_problem& problem, cut_master& master, shared_state& state, long goal,
+// False when more nodes would not help: the solver failed, or has no more to say.
+bool branch_and_bound(const contested_problem& problem, cut_master& master, shared_state& state, long goal,
                       long max_nodes, const known_outside& outside, const solve_watch& watch, contested_answer& answer);
 
 }  // namespace solver

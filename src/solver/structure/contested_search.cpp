@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
+#include <limits>
 
 #include "solver/structure/branch_and_bound.hpp"
 #include "solver/structure/chain_bound.hpp"
@@ -10,28 +11,30 @@
 #include "solver/structure/index.hpp"
 #include "solver/structure/local_search.hpp"
 #include "solver/structure/settle.hpp"
+#include "solver/structure/value_search.hpp"
 
 namespace solver {
 namespace {
 
 constexpr double whole_tolerance = 1e-6;  // of a value of the linear program
 constexpr double cut_tolerance = 1e-4;
-constexpr long first_nodes = 1000;
 constexpr long small_gap = 5;  // that branch and bound may close on a problem of any size
-
-// A problem of this size whose program is this fractional is not closed by plain cuts.
-constexpr int hard_choices = 500;
-constexpr double hard_share = 0.25;
 
 // The tighter bound has come to rest when it moves by less than this share, so often.
 constexpr double resting_share = 5e-5;
 constexpr int resting_rounds = 3;
 
+// Steps of the search for values that are waited for, if need be, after other work.
+constexpr long steps_at_first = 200;
+constexpr long steps_per_round = 20;
+constexpr long steps_per_branching = 100;
+
 class part_search {
  public:
-    part_search(const contested_problem& problem, long goal, const known_outside& outside, const solve_watch& watch)
+    part_search(const contested_problem& problem, const search_plan& plan, const known_outside& outside,
+                const solve_watch& watch)
         : problem_(problem),
-          goal_(goal),
+          plan_(plan),
           outside_(outside),
           watch_(watch),
           state_(problem),
@@ -50,30 +53,30 @@ class part_search {
         if (!done() && !is_hard) {
             close_on_smaller_problem(master_.program());
         }
-        if (!done() && !is_hard && (problem_.num_choices() < hard_choices || gap() <= small_gap)) {
-            branch(first_nodes);
+        if (!done() && !is_hard && !plan_.gives_up &&
+            (problem_.num_choices() < plan_.hard_choices || gap() <= small_gap)) {
+            branch(plan_.first_nodes);
         }
-        if (!done()) {
-            tighten();
-        }
-        for (long nodes = first_nodes; !done(); nodes *= 2) {
-            branch(nodes);
-            anneal_all();
+        if (!done() && !plan_.gives_up) {
+            search_long(is_hard);
         }
         return answer_;
     }
 
  private:
-    bool done() const { return answer_.weight >= answer_.bound || answer_.bound < goal_ || watch_.stop_requested(); }
+    bool done() const {
+        return answer_.weight >= answer_.bound || answer_.bound < plan_.goal || watch_.stop_requested();
+    }
 
     long gap() const { return answer_.bound - answer_.weight; }
 
-    void keep_if_better() {
-        if (state_.weight() > answer_.weight) {
-            answer_.weight = state_.weight();
-            answer_.chosen = state_.chosen();
+    void keep_if_better(long weight, const directions& chosen) {
+        if (weight > answer_.weight) {
+            answer_.weight = weight;
+            answer_.chosen = chosen;
         }
     }
+    void keep_if_better() { keep_if_better(state_.weight(), state_.chosen()); }
 
     void lower_bound_to(double proven) {
         answer_.bound = std::min(answer_.bound, static_cast<long>(std::floor(proven + whole_tolerance)));
@@ -97,8 +100,8 @@ class part_search {
             if (master_.program().ran_into_limit()) {
                 return true;
             }
-            if (!done() && round > 0 && problem_.num_choices() >= hard_choices &&
-                static_cast<double>(fractional_choices()) > hard_share * problem_.num_choices()) {
+            if (!done() && round > 0 && problem_.num_choices() >= plan_.hard_choices &&
+                static_cast<double>(fractional_choices()) > plan_.hard_share * problem_.num_choices()) {
                 return true;
             }
             if (done() || master_.add_broken_cuts(cut_tolerance) == 0) {
@@ -136,8 +139,6 @@ class part_search {
         report("local search");
     }
 
-    void anneal_all() { anneal_choices(every_choice_, 500L * problem_.num_choices(), 0.5); }
-
     void anneal_fractional() {
         std::vector<char> movable(problem_.choices.size());
         for (int c = 0; c < problem_.num_choices(); ++c) {
@@ -153,16 +154,38 @@ class part_search {
         }
     }
 
-    void branch(long max_nodes) {
-        branch_and_bound(problem_, master_, state_, goal_, max_nodes, outside_, watch_, answer_);
+    bool branch(long max_nodes) {
+        return branch_and_bound(problem_, master_, state_, plan_.goal, max_nodes, outside_, watch_, answer_);
     }
 
-    // Bounds by the tighter program, and anneals in between, until the bound rests.
-    void tighten() {
-        anneal_all();
-        if (done()) {
-            return;
+    // Directions from a thread of their own; bounds, and what follows from both, from here.
+    void search_long(bool is_hard) {
+        value_search values(problem_, answer_.bound, watch_);
+        if (!is_hard) {
+            take(values, steps_at_first);  // which may find all that was missing
         }
+        if (!done()) {
+            tighten(values);
+        }
+        bool goes_on = true;
+        for (long nodes = plan_.first_nodes; goes_on && !done(); nodes *= 2) {
+            goes_on = branch(nodes);
+            take(values, steps_taken_ + steps_per_branching);
+        }
+        if (watch_.stop_requested()) {
+            take(values, std::numeric_limits<long>::max());
+        }
+    }
+
+    void take(value_search& values, long steps) {
+        steps_taken_ = steps;
+        const found_directions& found = values.best_of(steps);
+        keep_if_better(found.weight, found.chosen);
+        report("local search");
+    }
+
+    // Bounds by the tighter program, until the bound rests.
+    void tighten(value_search& values) {
         chain_bound chains(problem_, watch_);
         int rests = 0;
         for (int round = 1; rests < resting_rounds; ++round) {
@@ -178,8 +201,9 @@ class part_search {
                 break;
             }
             rests = before - chains.bound() < resting_share * chains.bound() ? rests + 1 : 0;
-            if (round % 3 == 0) {
-                anneal_all();
+            take(values, steps_taken_ + steps_per_round);
+            if (done()) {
+                break;
             }
         }
         if (!done()) {
@@ -202,9 +226,10 @@ class part_search {
             return;
         }
         const settled_problem rest = settle(problem_, gates);
-        const long wanted = std::max(goal_, answer_.weight + 1) - rest.satisfied_weight;
+        search_plan plan = plan_;
+        plan.goal = std::max(plan_.goal, answer_.weight + 1) - rest.satisfied_weight;
         const known_outside outside = {outside_.weight + rest.satisfied_weight, outside_.bound + rest.satisfied_weight};
-        const contested_answer best = search_contested(rest.contested, wanted, outside, watch_);
+        const contested_answer best = search_contested(rest.contested, plan, outside, watch_);
         directions chosen = rest.decided;
         for (int c = 0; c < rest.contested.num_choices(); ++c) {
             chosen[at(rest.contested.choices[at(c)])] = best.chosen[at(c)];
@@ -218,20 +243,21 @@ class part_search {
     }
 
     const contested_problem& problem_;
-    const long goal_;
+    const search_plan plan_;
     const known_outside outside_;
     const solve_watch& watch_;
     shared_state state_;
     cut_master master_;
     const std::vector<char> every_choice_;
     std::uint64_t seed_ = 0;
+    long steps_taken_ = 0;  // of the search for values
     contested_answer answer_;
 };
 
 }  // namespace
 
-contested_answer search_contested(const contested_problem& problem, long goal, const known_outside& outside,
-                                  const solve_watch& watch) {
+contested_answer search_contested(const contested_problem& problem, const search_plan& plan,
+                                  const known_outside& outside, const solve_watch& watch) {
     contested_answer answer;
     answer.chosen.assign(problem.choices.size(), 0);
     if (problem.choices.empty()) {
@@ -243,14 +269,16 @@ contested_answer search_contested(const contested_problem& problem, long goal, c
     }
     const std::vector<contested_problem> parts = split(problem);
     if (parts.size() == 1) {
-        return part_search(parts.front(), goal, outside, watch).run();
+        return part_search(parts.front(), plan, outside, watch).run();
     }
+    search_plan part_plan = plan;
+    part_plan.goal = 0;
     // Parts that are not searched yet count with all their weight in the bound.
     long weight_ahead = problem.total_weight();
     for (const contested_problem& part : parts) {
         weight_ahead -= part.total_weight();
         const known_outside others = {outside.weight + answer.weight, outside.bound + answer.bound + weight_ahead};
-        const contested_answer best = part_search(part, 0, others, watch).run();
+        const contested_answer best = part_search(part, part_plan, others, watch).run();
         for (int c = 0; c < part.num_choices(); ++c) {
             answer.chosen[at(part.choices[at(c)])] = best.chosen[at(c)];
         }

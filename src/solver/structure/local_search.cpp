@@ -1,9 +1,9 @@
 #include "solver/structure/local_search.hpp"
 
 #include <cmath>
-#include <random>
 
 #include "solver/structure/index.hpp"
+#include "solver/structure/random_source.hpp"
 
 namespace solver {
 namespace {
@@ -19,17 +19,16 @@ class annealer {
         }
     }
 
-    void run(const annealing_plan& plan, long target, const solve_watch& watch) {
+    void run(const annealing_plan& plan, long target, const solve_watch& watch, const annealing_listener& listener) {
         if (choices_.empty()) {
             return;
         }
         directions best = state_.chosen();
         long best_weight = state_.weight();
-        const long stages = 200;
-        const double factor = std::pow(plan.last_temperature / plan.first_temperature, 1.0 / (stages - 1));
+        const double factor = std::pow(plan.last_temperature / plan.first_temperature, 1.0 / (annealing_stages - 1));
         temperature_ = plan.first_temperature;
-        for (long stage = 0; stage < stages && best_weight < target && !watch.stop_requested(); ++stage) {
-            for (long move = 0; move < plan.moves / stages && best_weight < target; ++move) {
+        for (long stage = 0; stage < annealing_stages && best_weight < target && !watch.stop_requested(); ++stage) {
+            for (long move = 0; move < plan.moves / annealing_stages && best_weight < target; ++move) {
                 if ((move & 0xfff) == 0xfff && watch.stop_requested()) {
                     break;
                 }
@@ -40,6 +39,7 @@ class annealer {
                 }
             }
             temperature_ *= factor;
+            listener(best, best_weight);
         }
         if (state_.weight() < best_weight) {
             state_.set(best);
@@ -47,29 +47,22 @@ class annealer {
     }
 
  private:
-    int below(std::size_t limit) { return static_cast<int>((static_cast<unsigned __int128>(random_()) * limit) >> 64); }
-
     void try_move() {
         const long before = state_.weight();
-        turned_.clear();
-        if (state_.missed().empty() || (random_() & 1) != 0) {
-            turned_.push_back(choices_[at(below(choices_.size()))]);
-            state_.turn(turned_.back());
+        if (state_.missed().empty() || random_.coin()) {
+            state_.turn(choices_[random_.below(choices_.size())]);
         } else {
-            open_chain(state_.missed()[at(below(state_.missed().size()))]);
+            open_chain(state_.missed()[random_.below(state_.missed().size())]);
         }
         const long change = state_.weight() - before;
         if (change < 0 && !accept(static_cast<double>(change))) {
-            for (auto choice = turned_.rbegin(); choice != turned_.rend(); ++choice) {
-                state_.turn(*choice);
-            }
+            state_.undo();
+        } else {
+            state_.keep();
         }
     }
 
-    bool accept(double change) {
-        const double draw = static_cast<double>(random_() >> 11) * 0x1.0p-53;
-        return draw < std::exp(change / temperature_);
-    }
+    bool accept(double change) { return random_.share() < std::exp(change / temperature_); }
 
     // Turns what blocks one chain from the root, or from what is reached, to the node.
     void open_chain(int node) {
@@ -86,7 +79,6 @@ class annealer {
         }
         for (const int choice : chain_) {
             state_.turn(choice);
-            turned_.push_back(choice);
         }
     }
 
@@ -107,7 +99,7 @@ class annealer {
                 picked_reached = true;
                 seen = 0;
             }
-            if (below(++seen) == 0) {
+            if (random_.below(++seen) == 0) {
                 picked = &arc;
             }
         }
@@ -116,18 +108,17 @@ class annealer {
 
     shared_state& state_;
     const std::vector<char>& movable_;
-    std::mt19937_64 random_;
+    random_source random_;
     std::vector<int> choices_;
     std::vector<int> chain_;
-    std::vector<int> turned_;
     double temperature_ = 0.0;
 };
 
 }  // namespace
 
 void anneal(shared_state& state, const std::vector<char>& movable, const annealing_plan& plan, long target,
-            const solve_watch& watch) {
-    annealer(state, movable, plan.seed).run(plan, target, watch);
+            const solve_watch& watch, const annealing_listener& listener) {
+    annealer(state, movable, plan.seed).run(plan, target, watch, listener);
 }
 
 }  // namespace solver

@@ -10,6 +10,8 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
+#include <vector>
 
 #include "solver/back_end.hpp"
 #include "solver/structure/shared_state.hpp"
@@ -23,9 +25,16 @@ struct annealing_plan {
     std::uint64_t seed = 1;
 };
 
+// The moves are made in so many stages, each at one temperature.
+inline constexpr long annealing_stages = 200;
+
+// Told after every stage: the best directions so far and what they reach.
+using annealing_listener = std::function<void(const directions& best, long weight)>;
+
 // Improves the state's directions; leaves the best that was met in it. Only choices
 // that are movable are turned. Ends early when stopped, or once target is reached.
-void anneal(shared_state& state, const std::vector<char>& movable, const annealing_plan& plan, long target,
-            const solve_watch& watch);
+void anneal(
+    shared_state& state, const std::vector<char>& movable, const annealing_plan& plan, long target,
+    const solve_watch& watch, const annealing_listener& listener = [](const auto&, long) {});
 
 }  // namespace solver

@@ -1,6 +1,5 @@
 #include "solver/structure/reach_values.hpp"
 
-
 #include "solver/structure/index.hpp"
 
 namespace solver {

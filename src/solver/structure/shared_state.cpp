@@ -85,12 +85,14 @@ void shared_state::set(const directions& chosen) {
         }
     }
     spread();
+    keep();
 }
 
 void shared_state::change(int node, int by) {
     node_state& state = nodes_[at(node)];
     const bool was_reached = state.live_entering > 0;
     state.live_entering += by;
+    (by > 0 ? gained_ : lost_).push_back(node);
     if (was_reached != (state.live_entering > 0)) {
         changed_.push_back(node);
     }
@@ -121,6 +123,7 @@ void shared_state::spread() {
             continue;
         }
         state.told = reached ? 1 : 0;
+        told_.push_back(node);
         if (state.weight > 0) {
             count(state, node, reached);
         }
@@ -152,6 +155,36 @@ void shared_state::turn(int choice) {
     open(closing ^ 1, true);
     spread();
     chosen_[at(choice)] ^= 1;
+    turned_.push_back(choice);
+}
+
+void shared_state::keep() {
+    turned_.clear();
+    gained_.clear();
+    lost_.clear();
+    told_.clear();
+}
+
+void shared_state::undo() {
+    for (const int choice : turned_) {
+        open(2 * choice + chosen_[at(choice)], false);
+        chosen_[at(choice)] ^= 1;
+        open(2 * choice + chosen_[at(choice)], true);
+    }
+    for (const int node : gained_) {
+        --nodes_[at(node)].live_entering;
+    }
+    for (const int node : lost_) {
+        ++nodes_[at(node)].live_entering;
+    }
+    for (const int node : told_) {
+        node_state& state = nodes_[at(node)];
+        state.told ^= 1;
+        if (state.weight > 0) {
+            count(state, node, state.told != 0);
+        }
+    }
+    keep();
 }
 
 }  // namespace solver

@@ -2,7 +2,8 @@
 //
 // For every node: how many live arcs enter it (an arc is live when its gate is open
 // and its tail reached). Turning a choice touches only the arcs of its two gates, and
-// beyond them only what their change makes reached or unreached.
+// beyond them only what their change makes reached or unreached. What was touched is
+// noted, so that turns can be taken back without looking at any arc.
 #pragma once
 
 #include <vector>
@@ -17,6 +18,9 @@ class shared_state {
 
     void set(const directions& chosen);  // every choice 0 or 1
     void turn(int choice);
+    // Takes back all turns since the last set() or keep(), at less than their cost.
+    void undo();
+    void keep();
     const directions& chosen() const { return chosen_; }
     long weight() const { return weight_; }
 
@@ -71,6 +75,12 @@ class shared_state {
     std::vector<node_state> nodes_;  // and one more, for the end of the last node's arcs
     std::vector<int> missed_;
     std::vector<int> changed_;  // nodes that may have become reached or unreached
+
+    // What has happened since the last keep().
+    std::vector<int> turned_;
+    std::vector<int> gained_;  // nodes that a live arc more enters, once for each
+    std::vector<int> lost_;
+    std::vector<int> told_;  // nodes that became reached or unreached, once for each time
 
     // The arcs by head, by tail and by gate, in compressed rows.
     std::vector<entering_arc> entering_;

@@ -12,7 +12,7 @@ solve_answer solve_by_structure(const reach_structure& structure, int num_column
     const settled_problem reduced = reduce(structure, steps);
     watch.report({"reduce", static_cast<double>(reduced.satisfied_weight), infinity});
     const contested_answer best =
-        search_contested(reduced.contested, 0, {reduced.satisfied_weight, reduced.satisfied_weight}, watch);
+        search_contested(reduced.contested, {}, {reduced.satisfied_weight, reduced.satisfied_weight}, watch);
     directions chosen = reduced.decided;
     for (int c = 0; c < reduced.contested.num_choices(); ++c) {
         chosen[static_cast<std::size_t>(reduced.contested.choices[static_cast<std::size_t>(c)])] =

@@ -7,9 +7,12 @@
 #include "solver/structure/cut_master.hpp"
 #include "solver/structure/local_search.hpp"
 #include "solver/structure/random_reach.hpp"
+#include "solver/structure/recombine.hpp"
 #include "solver/structure/reduce.hpp"
+#include "solver/structure/region_search.hpp"
 #include "solver/structure/separate.hpp"
 #include "solver/structure/shared_state.hpp"
+#include "solver/structure/value_search.hpp"
 
 using namespace solver;
 
@@ -107,7 +110,7 @@ TEST(cuts, of_both_directions_of_a_choice_are_no_rows) {
     EXPECT_NEAR(master.program().bound(), 2.0, 1e-6);
 }
 
-TEST(shared_weight, follows_every_turn) {
+TEST(shared_weight, follows_every_turn_and_every_way_back) {
     for (unsigned seed = 0; seed < 50; ++seed) {
         const contested_problem problem = draw_problem(seed);
         if (problem.choices.empty()) {
@@ -116,6 +119,7 @@ TEST(shared_weight, follows_every_turn) {
         std::mt19937 random(seed);
         shared_state turned(problem);
         shared_state counted(problem);
+        directions kept = turned.chosen();
         for (int turn = 0; turn < 200; ++turn) {
             turned.turn(static_cast<int>(random() % problem.choices.size()));
             counted.set(turned.chosen());
@@ -125,6 +129,13 @@ TEST(shared_weight, follows_every_turn) {
             std::sort(missed.begin(), missed.end());
             std::sort(expected.begin(), expected.end());
             ASSERT_EQ(missed, expected);
+            if (turn % 5 == 0) {
+                turned.undo();
+                ASSERT_EQ(turned.chosen(), kept);
+            } else if (turn % 2 == 0) {
+                turned.keep();
+                kept = turned.chosen();
+            }
         }
     }
 }
@@ -145,6 +156,52 @@ TEST(annealing, keeps_its_best_repeats_itself_and_leaves_fixed_choices_alone) {
         ends.push_back(state.chosen());
     }
     EXPECT_EQ(ends[0], ends[1]);
+}
+
+TEST(value_search, finds_the_same_whenever_it_is_asked) {
+    const contested_problem problem = reduce(*find_reach_structure(draw_reach_model(1, hard_plan(300)))).contested;
+    ASSERT_GT(problem.num_choices(), 50);
+    const solve_watch watch;
+    value_search one(problem, problem.total_weight() + 1, watch);
+    value_search other(problem, problem.total_weight() + 1, watch);
+    other.best_of(300);  // far ahead
+    shared_state state(problem);
+    long least = 1;
+    for (const long steps : {1, 20, 160, 200, 300}) {
+        const found_directions found = one.best_of(steps);
+        EXPECT_GE(found.weight, least);
+        least = found.weight;
+        state.set(found.chosen);
+        EXPECT_EQ(state.weight(), found.weight);
+    }
+    EXPECT_EQ(one.best_of(300).chosen, other.best_of(300).chosen);
+    EXPECT_GE(value_search(problem, 1, watch).best_of(1L << 40).weight, 1);  // ends at its target
+}
+
+TEST(value_search, steps_never_lose_weight) {
+    for (unsigned seed = 0; seed < 20; ++seed) {
+        const contested_problem problem =
+            reduce(*find_reach_structure(draw_reach_model(seed, hard_plan(100)))).contested;
+        std::mt19937 random(seed);
+        std::vector<found_directions> parents;
+        shared_state state(problem);
+        for (int i = 0; i < 2; ++i) {
+            directions chosen(problem.choices.size());
+            std::generate(chosen.begin(), chosen.end(), [&] { return static_cast<signed char>(random() % 2); });
+            state.set(chosen);
+            parents.push_back({state.chosen(), state.weight()});
+        }
+        const bool first = parents[0].weight >= parents[1].weight;
+        recombine(problem, parents[first ? 0 : 1].chosen, parents[first ? 1 : 0].chosen, 1, state, {});
+        EXPECT_GT(state.weight(), std::max(parents[0].weight, parents[1].weight));
+        region_search regions(problem, seed);
+        long before = state.weight();
+        for (int step = 0; step < 40; ++step) {
+            regions.step(state, {});
+            ASSERT_GE(state.weight(), before);
+            before = state.weight();
+        }
+    }
 }
 
 TEST(splitting, parts_share_nothing_and_lose_nothing) {

@@ -8,6 +8,7 @@
 #include "solver/back_ends.hpp"
 #include "solver/solve_record.hpp"
 #include "solver/structure/chain_bound.hpp"
+#include "solver/structure/contested_search.hpp"
 #include "solver/structure/cut_master.hpp"
 #include "solver/structure/neutral_order.hpp"
 #include "solver/structure/random_reach.hpp"
@@ -124,6 +125,30 @@ TEST(structured_search, never_proves_a_bound_below_the_optimum) {
         tighter += std::min(chains.bound(), master.program().bound());
     }
     EXPECT_LT(tighter, plain - 1.0);
+}
+
+// With all thresholds at their ends, tiny problems go the ways of large ones.
+TEST(structured_search, equals_enumeration_on_the_ways_of_hard_problems) {
+    int left_open = 0;
+    for (unsigned seed = 0; seed < 400; ++seed) {
+        SCOPED_TRACE(seed);
+        const model_record record = draw_reach_model(seed, tiny_plan(seed));
+        const settled_problem left = reduce(*find_reach_structure(record), {false, false, true});
+        const long best = static_cast<long>(best_by_enumeration(record)) - left.satisfied_weight;
+        const search_plan hard{.hard_choices = 0, .hard_share = -1.0, .first_nodes = 1};
+        const search_plan branching{.hard_choices = 0, .hard_share = 2.0, .first_nodes = 1};
+        for (const search_plan& plan : {hard, branching}) {
+            const contested_answer answer = search_contested(left.contested, plan, {}, {});
+            ASSERT_EQ(answer.weight, best);
+            ASSERT_EQ(answer.bound, best);
+        }
+        const search_plan brief{.gives_up = true, .hard_choices = 0, .hard_share = -1.0};
+        const contested_answer first = search_contested(left.contested, brief, {}, {});
+        ASSERT_LE(first.weight, best);
+        ASSERT_GE(first.bound, best);
+        left_open += first.weight < first.bound ? 1 : 0;
+    }
+    EXPECT_GT(left_open, 10);
 }
 
 TEST(structured_search, stops_at_once_with_a_valid_answer) {
