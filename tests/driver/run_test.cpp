@@ -53,10 +53,6 @@ TEST_F(run_test, solves_and_draws) {
     const std::string edges = "2->3 ;\n1->2 ;\n2->1 ;\n}\n";
     EXPECT_EQ(read("out/initial_graph.txt"), chain_vertices + "0->1 [color=blue];\n1->0 [color=blue];\n" + edges);
     EXPECT_EQ(read("out/solution_graph.txt"), chain_vertices + "0->1 [color=blue];\n" + edges);
-    const std::string model = read("out/shortest.lp");
-    for (const char* part : {"obj: s_A_C + s_A_D + s_C_A", "keep: ", "o_A_B + o_B_A <= 1", "Binaries"}) {
-        EXPECT_NE(model.find(part), std::string::npos) << part;
-    }
 }
 
 TEST_F(run_test, gives_the_same_bytes_twice_and_takes_its_arguments_as_prefixes_of_any_length) {

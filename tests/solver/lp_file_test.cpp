@@ -151,14 +151,6 @@ TEST(lp_file, tags_and_replaces_names) {
     EXPECT_EQ(lp_names(names{"a\tb\x7f", "e1", "-"}, 'x'), (names{"a_b_#0", "_e1#1", "_m#2"}));
 }
 
-TEST(lp_file, goes_where_it_can_be_written) {
-    const IloCplex cplex{IloModel(env)};
-    EXPECT_NO_THROW(cplex.exportModel("/nowhere/at/all/shortest.lp"));
-    EXPECT_FALSE(write_lp_file(cplex.record(), "/nowhere/at/all/shortest.lp"));
-    EXPECT_EQ(written_by([&](const char* path) { cplex.exportModel(path); }),
-              "\\ENCODING=ISO-8859-1\n\\Problem name: \n\nMaximize\n obj1:\nEnd\n");
-}
-
 TEST(lp_file, equals_the_one_that_cplex_writes) {
     SKIP_WITHOUT_CPLEX();
     std::vector<model_record> records = cases_made_by_hand();
