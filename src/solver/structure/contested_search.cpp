@@ -4,6 +4,7 @@
 #include <cmath>
 #include <cstdint>
 #include <limits>
+#include <optional>
 
 #include "solver/structure/branch_and_bound.hpp"
 #include "solver/structure/chain_bound.hpp"
@@ -23,6 +24,9 @@ constexpr long small_gap = 5;  // that branch and bound may close on a problem o
 // The tighter bound has come to rest when it moves by less than this share, so often.
 constexpr double resting_share = 5e-5;
 constexpr int resting_rounds = 3;
+
+// Simplex iterations times rows that plain cuts may take before the other thread begins.
+constexpr double patient_work = 2e8;
 
 // Steps of the search for values that are waited for, if need be, after other work.
 constexpr long steps_at_first = 200;
@@ -60,6 +64,7 @@ class part_search {
         if (!done() && !plan_.gives_up) {
             search_long(is_hard);
         }
+        take_last_values();
         return answer_;
     }
 
@@ -90,6 +95,7 @@ class part_search {
     // Solves, rounds and cuts until no cut is broken, or until it shows that this program
     // will not come near: then true.
     bool cut_rounds() {
+        double work = 0.0;
         for (int round = 0;; ++round) {
             if (done() || !master_.solve()) {
                 return false;
@@ -97,6 +103,10 @@ class part_search {
             lower_bound_to(master_.program().bound());
             try_rounding(master_.program());
             report("cuts");
+            work += static_cast<double>(master_.program().iterations()) * master_.program().num_rows();
+            if (work > patient_work && !plan_.gives_up && !done()) {
+                take_values(steps_per_round);
+            }
             if (master_.program().ran_into_limit()) {
                 return true;
             }
@@ -158,34 +168,41 @@ class part_search {
         return branch_and_bound(problem_, master_, state_, plan_.goal, max_nodes, outside_, watch_, answer_);
     }
 
-    // Directions from a thread of their own; bounds, and what follows from both, from here.
     void search_long(bool is_hard) {
-        value_search values(problem_, answer_.bound, watch_);
         if (!is_hard) {
-            take(values, steps_at_first);  // which may find all that was missing
+            take_values(steps_at_first);  // which may find all that was missing
         }
         if (!done()) {
-            tighten(values);
+            tighten();
         }
         bool goes_on = true;
         for (long nodes = plan_.first_nodes; goes_on && !done(); nodes *= 2) {
             goes_on = branch(nodes);
-            take(values, steps_taken_ + steps_per_branching);
-        }
-        if (watch_.stop_requested()) {
-            take(values, std::numeric_limits<long>::max());
+            take_values(steps_per_branching);
         }
     }
 
-    void take(value_search& values, long steps) {
-        steps_taken_ = steps;
-        const found_directions& found = values.best_of(steps);
+    // The best of so many more steps of the other thread, which begins when first asked.
+    void take_values(long more_steps) {
+        if (!values_) {
+            values_.emplace(problem_, answer_.bound, watch_);
+        }
+        steps_taken_ += more_steps;
+        const found_directions& found = values_->best_of(steps_taken_);
         keep_if_better(found.weight, found.chosen);
         report("local search");
     }
 
+    // All that the other thread has found when a stop was requested.
+    void take_last_values() {
+        if (values_ && watch_.stop_requested()) {
+            const found_directions& found = values_->best_of(std::numeric_limits<long>::max());
+            keep_if_better(found.weight, found.chosen);
+        }
+    }
+
     // Bounds by the tighter program, until the bound rests.
-    void tighten(value_search& values) {
+    void tighten() {
         chain_bound chains(problem_, watch_);
         int rests = 0;
         for (int round = 1; rests < resting_rounds; ++round) {
@@ -201,7 +218,7 @@ class part_search {
                 break;
             }
             rests = before - chains.bound() < resting_share * chains.bound() ? rests + 1 : 0;
-            take(values, steps_taken_ + steps_per_round);
+            take_values(steps_per_round);
             if (done()) {
                 break;
             }
@@ -251,6 +268,7 @@ class part_search {
     const std::vector<char> every_choice_;
     std::uint64_t seed_ = 0;
     long steps_taken_ = 0;  // of the search for values
+    std::optional<value_search> values_;
     contested_answer answer_;
 };
 

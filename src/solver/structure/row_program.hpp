@@ -31,6 +31,8 @@ class row_program {
 
     // False when stopped or failed; then everything below is of the solve before.
     bool solve();
+    // Of the last solve, by the simplex method.
+    int iterations() const { return highs_.int_info("simplex_iteration_count"); }
     bool ran_into_limit() const { return highs_.model_status() == kHighsModelStatusIterationLimit; }
 
     const std::vector<double>& values() const { return values_; }
