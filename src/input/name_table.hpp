@@ -11,8 +11,8 @@
 bool read_names(text_file& file);
 
 // Finds a name among entries 0 .. max_id - 1 and writes its index; false leaves
-// there the last index looked at. Entry max_id may be looked at as well, so it
-// must exist. The search is the table's own and has two deliberate misses: with
+// there the last index looked at. Entry max_id may be looked at, and found, as well,
+// so it must exist. The search is the table's own and has two deliberate misses: with
 // max_id 2 or 3 the name at index 0 is not found.
 bool find_name(protein_name_data* table, const char* protein_name, int max_id, int* out_mid);
 

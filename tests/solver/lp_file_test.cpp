@@ -1,4 +1,5 @@
 // The LP file: a few to the letter, and many against the file that CPLEX writes.
+#include <iostream>
 #include <sstream>
 
 #include "driver/run.hpp"
@@ -169,4 +170,5 @@ TEST(lp_file, equals_the_one_that_cplex_writes) {
     for (std::size_t i = 0; i < records.size(); ++i) {
         ASSERT_EQ(our_text(records[i]), cplex_text(records[i])) << "case " << i;
     }
+    std::cout << "compared " << records.size() << " LP files with CPLEX's own, byte for byte\n";
 }
