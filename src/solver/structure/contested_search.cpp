@@ -26,7 +26,7 @@ constexpr double resting_share = 5e-5;
 constexpr int resting_rounds = 3;
 
 // Simplex iterations times rows that plain cuts may take before the other thread begins.
-constexpr double patient_work = 2e8;
+constexpr double patient_work = 1.5e8;
 
 // Steps of the search for values that are waited for, if need be, after other work.
 constexpr long steps_at_first = 200;
