@@ -54,7 +54,7 @@ class part_search {
         if (!done() && !is_hard) {
             anneal_fractional();
         }
-        if (!done() && !is_hard) {
+        if (!done() && !is_hard && plan_.fixes) {
             close_on_smaller_problem(master_.program());
         }
         if (!done() && !is_hard && !plan_.gives_up &&
@@ -223,7 +223,7 @@ class part_search {
                 break;
             }
         }
-        if (!done()) {
+        if (!done() && plan_.fixes) {
             close_on_smaller_problem(chains.program());
         }
     }
@@ -284,6 +284,9 @@ contested_answer search_contested(const contested_problem& problem, const search
     if (watch.stop_requested()) {
         answer.bound = problem.total_weight();
         return answer;
+    }
+    if (!plan.splits) {
+        return part_search(problem, plan, outside, watch).run();
     }
     const std::vector<contested_problem> parts = split(problem);
     if (parts.size() == 1) {

@@ -41,7 +41,7 @@ class settler {
         if (net.arcs.empty()) {
             return;
         }
-        const net_fate fate = simplify_net(net, gates_);
+        const net_fate fate = simplify_net(net, gates_, steps_.contract_networks);
         if (fate == net_fate::satisfied) {
             satisfied_ += net.weight;
         }

@@ -24,6 +24,7 @@ struct settle_steps {
     bool force_choices = true;    // fix what only one direction can use
     bool take_majorities = true;  // fix what no other direction can outweigh
     bool merge_equal_pairs = true;
+    bool contract_networks = true;
 };
 
 struct settled_problem {

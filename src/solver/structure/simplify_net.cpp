@@ -171,14 +171,14 @@ void order_arcs(pair_net& net) {
 
 }  // namespace
 
-net_fate simplify_net(pair_net& net, const std::vector<gate_state>& gates) {
+net_fate simplify_net(pair_net& net, const std::vector<gate_state>& gates, bool contracts) {
     close_and_open(net, gates);
     do {
         if (contract_ends(net)) {
             return net_fate::satisfied;
         }
         drop_dead_ends(net);
-    } while (contract_series(net) || drop_parallel(net));
+    } while (contracts && (contract_series(net) || drop_parallel(net)));
     if (net.arcs.empty()) {
         return net_fate::lost;
     }

@@ -19,8 +19,8 @@ namespace solver {
 enum class net_fate { undecided, satisfied, lost };
 
 // States are by gate, as the net's arcs name them. An arc whose gate is open becomes
-// open_gate.
-net_fate simplify_net(pair_net& net, const std::vector<gate_state>& gates);
+// open_gate. Series and parallel reductions can be left out.
+net_fate simplify_net(pair_net& net, const std::vector<gate_state>& gates, bool contracts = true);
 
 // Numbers nodes 0 .. num_nodes - 1 and orders arcs, those into a node before those out
 // of it, so that equal networks come out equal, whatever their nodes were called. The

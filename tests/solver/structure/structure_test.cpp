@@ -64,7 +64,7 @@ TEST(structured_search, equals_enumeration_whichever_step_is_left_out) {
         const double best = best_by_enumeration(record);
         std::mt19937 random(seed);
         const auto either = [&random] { return random() % 2 == 0; };
-        for (const settle_steps& steps : {settle_steps{}, settle_steps{either(), either(), either()}}) {
+        for (const settle_steps& steps : {settle_steps{}, settle_steps{either(), either(), either(), either()}}) {
             expect_best(record, solve_by_structure(*structure, record.num_columns(), {}, steps), best);
         }
         contested += num_contested(record) > 0 ? 1 : 0;
@@ -139,7 +139,8 @@ TEST(structured_search, equals_enumeration_on_the_ways_of_hard_problems) {
         const long best = static_cast<long>(best_by_enumeration(record)) - left.satisfied_weight;
         const search_plan hard{.hard_choices = 0, .hard_share = -1.0, .first_nodes = 1};
         const search_plan branching{.hard_choices = 0, .hard_share = 2.0, .first_nodes = 1};
-        for (const search_plan& plan : {hard, branching}) {
+        const search_plan whole{.splits = seed % 3 == 0, .fixes = false};
+        for (const search_plan& plan : {hard, branching, whole}) {
             const contested_answer answer = search_contested(left.contested, plan, {}, {});
             ASSERT_EQ(answer.weight, best);
             ASSERT_EQ(answer.bound, best);
