@@ -19,7 +19,7 @@ constexpr double last_temperature = 0.15;
 constexpr int stages_per_step = 10;  // of an annealing
 constexpr int alike = 20;            // two that differ in fewer choices give nothing new
 constexpr int tries_with_best = 4;
-constexpr int regions_per_turn = 20;
+constexpr int regions_per_turn = 100;  // about as long as the crowd takes
 
 }  // namespace
 
