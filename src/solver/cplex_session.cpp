@@ -1,6 +1,7 @@
 // IloCplex: a solver over one model, whichever back end stands behind it.
 #include <algorithm>
 #include <ostream>
+#include <string>
 #include <utility>
 
 #include "solver/environment.hpp"
@@ -71,6 +72,13 @@ const model_record& current_record(session_data& session) {
     return session.record;
 }
 
+// The ranges are CPLEX's own. Not a number is in none.
+void require_between(const char* what, double value, double least, double most) {
+    if (!(value >= least && value <= most)) {
+        throw IloException(std::string(what) + " cannot be " + std::to_string(value));
+    }
+}
+
 }  // namespace
 
 std::ostream& operator<<(std::ostream& out, IloAlgorithm::Status status) {
@@ -100,12 +108,15 @@ IloCplex::IloCplex(const IloModel& model) : data_(std::make_shared<session_data>
 void IloCplex::setParam(IntParam parameter, int value) {
     switch (parameter) {
         case RootAlg:
+            require_between("RootAlg", value, 0, 6);
             data_->settings.root_algorithm = value;
             return;
         case VarSel:
+            require_between("VarSel", value, -1, 4);
             data_->settings.variable_selection = value;
             return;
         case DiveType:
+            require_between("DiveType", value, 0, 3);
             data_->settings.dive_type = value;
             return;
     }
@@ -115,9 +126,11 @@ void IloCplex::setParam(IntParam parameter, int value) {
 void IloCplex::setParam(NumParam parameter, double value) {
     switch (parameter) {
         case WorkMem:
+            require_between("WorkMem", value, 0.0, 1e75);
             data_->settings.work_memory = value;
             return;
         case EpGap:
+            require_between("EpGap", value, 0.0, 1.0);
             data_->settings.relative_gap = value;
             return;
     }
@@ -126,6 +139,7 @@ void IloCplex::setParam(NumParam parameter, double value) {
 
 void IloCplex::setPriority(const IloNumVar& variable, double priority) {
     const auto index = static_cast<std::size_t>(variable.variable()->index);
+    require_between("a priority", priority, 0.0, 1e9);
     if (index >= data_->priorities.size()) {
         data_->priorities.resize(index + 1, 0.0);
     }

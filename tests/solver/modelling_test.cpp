@@ -1,4 +1,5 @@
 // The modelling operations: what they put into the record, and their misuse.
+#include <cmath>
 #include <functional>
 
 #include <gtest/gtest.h>
@@ -97,6 +98,9 @@ TEST_F(modelling, throws_on_misuse) {
         [&] { cplex.setParam(static_cast<IloCplex::IntParam>(99), 1); },
         [&] { cplex.setParam(static_cast<IloCplex::NumParam>(99), 1.0); },
         [&] { cplex.setPriority(IloNumVar(), 1.0); },
+        [&] { cplex.setPriority(absent, std::nan("")); },
+        [&] { cplex.setParam(IloCplex::RootAlg, 99); },
+        [&] { cplex.setParam(IloCplex::EpGap, -0.1); },
         [&] { cplex.getValue(absent); },
         [&] { cplex.getObjValue(); },  // the last two until it is solved
         [&] { cplex.getValue(a); },
