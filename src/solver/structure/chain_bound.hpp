@@ -31,7 +31,6 @@ class chain_bound {
 
     // The best bound so far.
     double bound() const { return bound_; }
-    double choice_value(int choice) const { return program_.value(choice); }
     const row_program& program() const { return program_; }
 
  private:
