@@ -1,5 +1,6 @@
 #include "solver/structure/local_search.hpp"
 
+#include <algorithm>
 #include <cmath>
 
 #include "solver/structure/index.hpp"
@@ -41,44 +42,37 @@ class annealer {
             temperature_ *= factor;
             listener(best, best_weight);
         }
-        if (state_.weight() < best_weight) {
+        if (plan.gives_best && state_.weight() < best_weight) {
             state_.set(best);
         }
     }
 
  private:
     void try_move() {
-        const long before = state_.weight();
+        move_.clear();
         if (state_.missed().empty() || random_.coin()) {
-            state_.turn(choices_[random_.below(choices_.size())]);
+            move_.push_back(choices_[random_.below(choices_.size())]);
         } else {
-            open_chain(state_.missed()[random_.below(state_.missed().size())]);
+            block_no_chain(state_.missed()[random_.below(state_.missed().size())]);
         }
-        const long change = state_.weight() - before;
-        if (change < 0 && !accept(static_cast<double>(change))) {
-            state_.undo();
-        } else {
-            state_.keep();
-        }
+        // The chance of a loss is drawn first, so that a turn which loses more can stop on the way.
+        const double loss = temperature_ * std::log(1.0 - random_.share());
+        state_.turn(move_, state_.weight() + static_cast<long>(std::ceil(loss)));
     }
 
-    bool accept(double change) { return random_.share() < std::exp(change / temperature_); }
-
     // Turns what blocks one chain from the root, or from what is reached, to the node.
-    void open_chain(int node) {
-        chain_.clear();
+    void block_no_chain(int node) {
         while (!state_.reached(node)) {
             const shared_state::entering_arc* arc = way_in(node);
             if (arc == nullptr) {
+                move_.clear();
                 return;  // every way in is shut for good here
             }
-            if (!state_.is_open(arc->gate)) {
-                chain_.push_back(arc->gate / 2);
+            const int choice = arc->gate / 2;
+            if (!state_.is_open(arc->gate) && std::find(move_.begin(), move_.end(), choice) == move_.end()) {
+                move_.push_back(choice);
             }
             node = arc->tail;
-        }
-        for (const int choice : chain_) {
-            state_.turn(choice);
         }
     }
 
@@ -110,7 +104,7 @@ class annealer {
     const std::vector<char>& movable_;
     random_source random_;
     std::vector<int> choices_;
-    std::vector<int> chain_;
+    std::vector<int> move_;  // choices to turn
     double temperature_ = 0.0;
 };
 

@@ -23,6 +23,7 @@ struct annealing_plan {
     double first_temperature = 1.0;
     double last_temperature = 0.1;
     std::uint64_t seed = 1;
+    bool gives_best = true;  // of all that was met; else where it came to its end
 };
 
 // The moves are made in so many stages, each at one temperature.
@@ -31,7 +32,7 @@ inline constexpr long annealing_stages = 200;
 // Told after every stage: the best directions so far and what they reach.
 using annealing_listener = std::function<void(const directions& best, long weight)>;
 
-// Improves the state's directions; leaves the best that was met in it. Only choices
+// Works on the state's directions, and leaves in it what the plan asks for. Only choices
 // that are movable are turned. Ends early when stopped, or once target is reached.
 void anneal(
     shared_state& state, const std::vector<char>& movable, const annealing_plan& plan, long target,

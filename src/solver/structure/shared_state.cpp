@@ -84,8 +84,8 @@ void shared_state::set(const directions& chosen) {
             change(arc.head, 1);
         }
     }
-    spread();
-    keep();
+    spread(0);
+    forget();
 }
 
 void shared_state::change(int node, int by) {
@@ -113,8 +113,8 @@ void shared_state::count(node_state& state, int node, bool reached) {
 }
 
 // The arcs behind a node are told of its change only here, so none is told twice.
-void shared_state::spread() {
-    while (!changed_.empty()) {
+void shared_state::spread(long least) {
+    while (!changed_.empty() && weight_ >= least) {
         const int node = changed_.back();
         changed_.pop_back();
         node_state& state = nodes_[at(node)];
@@ -146,27 +146,37 @@ void shared_state::pass_on(int gate, int by) {
     }
 }
 
-void shared_state::turn(int choice) {
-    const int closing = 2 * choice + chosen_[at(choice)];
-    open(closing, false);
-    pass_on(closing, -1);
-    spread();
-    pass_on(closing ^ 1, 1);
-    open(closing ^ 1, true);
-    spread();
-    chosen_[at(choice)] ^= 1;
-    turned_.push_back(choice);
+bool shared_state::turn(const std::vector<int>& choices, long least) {
+    for (const int choice : choices) {
+        const int opening = 2 * choice + (chosen_[at(choice)] ^ 1);
+        pass_on(opening, 1);
+        open(opening, true);
+    }
+    spread(0);
+    for (const int choice : choices) {
+        const int closing = 2 * choice + chosen_[at(choice)];
+        chosen_[at(choice)] ^= 1;
+        open(closing, false);
+        pass_on(closing, -1);
+    }
+    spread(least);
+    const bool done = weight_ >= least;
+    if (!done) {
+        undo(choices);
+    }
+    forget();
+    return done;
 }
 
-void shared_state::keep() {
-    turned_.clear();
+void shared_state::forget() {
+    changed_.clear();
     gained_.clear();
     lost_.clear();
     told_.clear();
 }
 
-void shared_state::undo() {
-    for (const int choice : turned_) {
+void shared_state::undo(const std::vector<int>& choices) {
+    for (const int choice : choices) {
         open(2 * choice + chosen_[at(choice)], false);
         chosen_[at(choice)] ^= 1;
         open(2 * choice + chosen_[at(choice)], true);
@@ -184,7 +194,6 @@ void shared_state::undo() {
             count(state, node, state.told != 0);
         }
     }
-    keep();
 }
 
 }  // namespace solver

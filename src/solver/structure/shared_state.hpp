@@ -3,7 +3,9 @@
 // For every node: how many live arcs enter it (an arc is live when its gate is open
 // and its tail reached). Turning a choice touches only the arcs of its two gates, and
 // beyond them only what their change makes reached or unreached. What was touched is
-// noted, so that turns can be taken back without looking at any arc.
+// noted, so that turns can be taken back without looking at any arc. Gates are opened
+// before others are closed: from then on the weight only falls, and a turn that loses
+// too much is given up on the way.
 #pragma once
 
 #include <vector>
@@ -17,10 +19,8 @@ class shared_state {
     explicit shared_state(const contested_problem& problem);
 
     void set(const directions& chosen);  // every choice 0 or 1
-    void turn(int choice);
-    // Takes back all turns since the last set() or keep(), at less than their cost.
-    void undo();
-    void keep();
+    // Turns choices, each named once, unless they would then weigh less than this. True when done.
+    bool turn(const std::vector<int>& choices, long least);
     const directions& chosen() const { return chosen_; }
     long weight() const { return weight_; }
 
@@ -64,9 +64,11 @@ class shared_state {
 
     void open(int gate, bool is_open) { open_[static_cast<std::size_t>(gate) + 1] = is_open ? 1 : 0; }
     void change(int node, int by);
-    void spread();
+    void spread(long least);
     void count(node_state& state, int node, bool reached);
     void pass_on(int gate, int by);
+    void undo(const std::vector<int>& choices);
+    void forget();
 
     const shared_network& network_;
     directions chosen_;
@@ -76,8 +78,7 @@ class shared_state {
     std::vector<int> missed_;
     std::vector<int> changed_;  // nodes that may have become reached or unreached
 
-    // What has happened since the last keep().
-    std::vector<int> turned_;
+    // What a turn has done so far.
     std::vector<int> gained_;  // nodes that a live arc more enters, once for each
     std::vector<int> lost_;
     std::vector<int> told_;  // nodes that became reached or unreached, once for each time
