@@ -57,11 +57,10 @@ class part_search {
         if (!done() && !is_hard && plan_.fixes) {
             close_on_smaller_problem(master_.program());
         }
-        if (!done() && !is_hard && !plan_.gives_up &&
-            (problem_.num_choices() < plan_.hard_choices || gap() <= small_gap)) {
+        if (!done() && !is_hard && (problem_.num_choices() < plan_.hard_choices || gap() <= small_gap)) {
             branch(plan_.first_nodes);
         }
-        if (!done() && !plan_.gives_up) {
+        if (!done()) {
             search_long(is_hard);
         }
         take_last_values();
@@ -104,7 +103,7 @@ class part_search {
             try_rounding(master_.program());
             report("cuts");
             work += static_cast<double>(master_.program().iterations()) * master_.program().num_rows();
-            if (work > patient_work && !plan_.gives_up && !done()) {
+            if (work > patient_work && !done()) {
                 take_values(steps_per_round);
             }
             if (master_.program().ran_into_limit()) {
@@ -185,7 +184,7 @@ class part_search {
     // The best of so many more steps of the other thread, which begins when first asked.
     void take_values(long more_steps) {
         if (!values_) {
-            values_.emplace(problem_, answer_.bound, watch_);
+            values_.emplace(problem_, found_directions{answer_.chosen, answer_.weight}, answer_.bound, watch_);
         }
         steps_taken_ += more_steps;
         const found_directions& found = values_->best_of(steps_taken_);

@@ -31,10 +31,9 @@ struct known_outside {
     long bound = 0;
 };
 
-// How far a search goes. All but the first two are changed by tests only.
+// How far a search goes. All but the first are changed by tests only.
 struct search_plan {
-    long goal = 0;          // only answers of at least this are of interest: a bound below it ends the search
-    bool gives_up = false;  // where plain cuts leave a gap
+    long goal = 0;  // only answers of at least this are of interest: a bound below it ends the search
 
     bool splits = true;  // searches parts that share no choice apart
     bool fixes = true;   // closes a gap on a smaller problem

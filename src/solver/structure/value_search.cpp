@@ -1,25 +1,23 @@
 #include "solver/structure/value_search.hpp"
 
-#include <algorithm>
 #include <utility>
 
-#include "solver/structure/index.hpp"
 #include "solver/structure/local_search.hpp"
 #include "solver/structure/random_source.hpp"
 #include "solver/structure/recombine.hpp"
-#include "solver/structure/region_search.hpp"
 
 namespace solver {
 namespace {
 
-constexpr int crowd_size = 8;
-constexpr long moves_per_choice = 120;
-constexpr double first_temperature = 0.7;
-constexpr double last_temperature = 0.15;
+constexpr double last_temperature = 0.2;
+constexpr annealing_plan afresh{.moves = 120, .first_temperature = 0.7, .last_temperature = last_temperature};
+constexpr long moves_of_reheating = 40;  // per choice, as those of afresh
+constexpr double coolest_reheating = 0.3;
+constexpr double hottest_reheating = 0.6;
+constexpr int patience = 8;  // reheatings that may gain nothing before a line ends
+constexpr int leader_patience = 15;
+constexpr int mergers = 4;
 constexpr int stages_per_step = 10;  // of an annealing
-constexpr int alike = 20;            // two that differ in fewer choices give nothing new
-constexpr int tries_with_best = 4;
-constexpr int regions_per_turn = 100;  // about as long as the crowd takes
 
 }  // namespace
 
@@ -32,79 +30,87 @@ class value_search::searcher {
           watch_(owner.watch_),
           target_(target),
           state_(problem_),
-          regions_(problem_, 1),
-          every_choice_(problem_.choices.size(), 1) {}
+          every_choice_(problem_.choices.size(), 1),
+          best_(owner.best_) {}
 
     void run() {
+        found_directions leader = best_;
         while (!done()) {
-            gather_crowd();
-            merge_crowd();
-            for (int tries = 0; tries < tries_with_best && !done(); ++tries) {
-                merge(best_, crowd_.front());
+            found_directions line = begin_line();
+            improve(line, patience);
+            for (int merger = 0; merger < mergers && !done(); ++merger) {
+                merge(leader, line);
             }
-            state_.set(best_.chosen);
-            for (int step = 0; step < regions_per_turn && !done(); ++step) {
-                regions_.step(state_, watch_);
-                note();
+            if (line.weight > leader.weight) {
+                leader = line;
             }
+            improve(leader, leader_patience);
         }
     }
 
  private:
     bool done() const { return best_.weight >= target_ || watch_.stop_requested(); }
 
-    void note() { note(state_.chosen(), state_.weight()); }
-
     void note(const directions& chosen, long weight) {
-        if (weight >= best_.weight) {
+        if (weight > best_.weight) {
             best_ = {chosen, weight};
         }
         owner_.publish(best_);
     }
 
-    void gather_crowd() {
-        crowd_.clear();
-        for (int i = 0; i < crowd_size && (i == 0 || !done()); ++i) {
-            directions start(problem_.choices.size());
-            for (signed char& side : start) {
-                side = random_.coin() ? 1 : 0;
+    found_directions in_state() const { return {state_.chosen(), state_.weight()}; }
+
+    // From where the state stands.
+    void anneal_all(annealing_plan plan) {
+        plan.moves *= problem_.num_choices();
+        plan.seed = next_seed();
+        int stages = 0;
+        anneal(state_, every_choice_, plan, target_, watch_, [&](const directions& chosen, long weight) {
+            if (++stages % stages_per_step == 0) {
+                note(chosen, weight);
             }
-            state_.set(start);
-            int stages = 0;
-            anneal(state_, every_choice_,
-                   {moves_per_choice * problem_.num_choices(), first_temperature, last_temperature, next_seed()},
-                   target_, watch_, [&](const directions& chosen, long weight) {
-                       if (++stages % stages_per_step == 0) {
-                           note(chosen, weight);
-                       }
-                   });
-            note();
-            crowd_.push_back({state_.chosen(), state_.weight()});
+        });
+    }
+
+    found_directions begin_line() {
+        directions start(problem_.choices.size());
+        for (signed char& side : start) {
+            side = random_.coin() ? 1 : 0;
+        }
+        state_.set(start);
+        anneal_all(afresh);
+        return in_state();
+    }
+
+    void improve(found_directions& line, int patience_left) {
+        for (int idle = 0; idle < patience_left && !done();) {
+            const long before = line.weight;
+            reheat(line);
+            idle = line.weight > before ? 0 : idle + 1;
         }
     }
 
-    // Pairs of the crowd give way to what is made of them, until all are alike.
-    void merge_crowd() {
-        std::size_t idle = 0;
-        while (idle < crowd_.size() && crowd_.size() > 1 && !done()) {
-            const std::size_t one = random_.below(crowd_.size());
-            const std::size_t step = 1 + random_.below(crowd_.size() - 1);
-            const int annealed = merge(crowd_[one], crowd_[(one + step) % crowd_.size()]);
-            idle = annealed < alike ? idle + 1 : 0;
+    void reheat(found_directions& line) {
+        state_.set(line.chosen);
+        const double temperature = coolest_reheating + (hottest_reheating - coolest_reheating) * random_.share();
+        anneal_all({.moves = moves_of_reheating,
+                    .first_temperature = temperature,
+                    .last_temperature = last_temperature,
+                    .gives_best = false});
+        found_directions other = in_state();
+        merge(line, other);
+        if (other.weight >= line.weight) {
+            line = std::move(other);
         }
-        const auto lighter = [](const found_directions& a, const found_directions& b) { return a.weight < b.weight; };
-        std::swap(crowd_.front(), *std::max_element(crowd_.begin(), crowd_.end(), lighter));
     }
 
-    // The result takes the place of the worse.
-    int merge(found_directions& one, found_directions& other) {
+    // What is made of the two takes the place of the worse.
+    void merge(found_directions& one, found_directions& other) {
         const bool one_is_better = one.weight >= other.weight;
         found_directions& worse = one_is_better ? other : one;
-        const int annealed =
-            recombine(problem_, (one_is_better ? one : other).chosen, worse.chosen, next_seed(), state_, watch_);
-        worse = {state_.chosen(), state_.weight()};
-        note();
-        return annealed;
+        recombine(problem_, (one_is_better ? one : other).chosen, worse.chosen, next_seed(), state_, watch_);
+        worse = in_state();
+        note(worse.chosen, worse.weight);
     }
 
     std::uint64_t next_seed() { return random_.below(std::size_t{1} << 32); }
@@ -114,15 +120,14 @@ class value_search::searcher {
     const solve_watch& watch_;
     const long target_;
     shared_state state_;
-    region_search regions_;
     const std::vector<char> every_choice_;
     random_source random_{1};
-    std::vector<found_directions> crowd_;
     found_directions best_;
 };
 
-value_search::value_search(const contested_problem& problem, long target, const solve_watch& watch)
-    : problem_(problem) {
+value_search::value_search(const contested_problem& problem, found_directions start, long target,
+                           const solve_watch& watch)
+    : problem_(problem), best_(std::move(start)) {
     watch_.stop_requested = [this, &watch] { return is_over_ || watch.stop_requested(); };
     thread_ = std::thread([this, target] { run(target); });
 }

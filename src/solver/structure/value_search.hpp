@@ -1,12 +1,14 @@
 // Looks for better directions in a thread of its own, beside the proof of a bound.
 //
-// In turns: a crowd of short annealings (local_search.hpp), each from directions drawn
-// at random; pairs of them recombined until all are alike (recombine.hpp); what came
-// out recombined with the best so far; and from the best, searches of one region after
-// another (region_search.hpp).
+// In lines: a line begins with an annealing (local_search.hpp) from directions drawn at
+// random. Then it is reheated: annealed from a moderate temperature, and recombined
+// (recombine.hpp) with what it was before. An annealing of the whole changes many parts
+// that have nothing to do with one another, some for the better and some for the worse;
+// to recombine keeps the former and undoes the latter. A line that gains nothing more
+// is recombined with the leading one, which is reheated in turn.
 //
 // Never ends by itself before it reaches its target. It goes by steps: ten stages of an
-// annealing, one recombination, one region. Steps are bounded by what they do, never by
+// annealing, or one recombination. Steps are bounded by what they do, never by
 // a clock, and who asks says for how many: the answer is the same however the two
 // threads run.
 #pragma once
@@ -30,9 +32,10 @@ struct found_directions {
 
 class value_search {
  public:
-    // Begins at once, and ends once target is reached. Problem and watch must outlive this;
-    // the watch is asked from both threads.
-    value_search(const contested_problem& problem, long target, const solve_watch& watch);
+    // Begins at once, and ends once target is reached. The first line to lead is the start,
+    // with a direction for every choice. Problem and watch must outlive this; the watch is
+    // asked from both threads.
+    value_search(const contested_problem& problem, found_directions start, long target, const solve_watch& watch);
     ~value_search();
     value_search(const value_search&) = delete;
     value_search& operator=(const value_search&) = delete;
