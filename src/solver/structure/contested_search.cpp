@@ -21,6 +21,8 @@ constexpr double whole_tolerance = 1e-6;  // of a value of the linear program
 constexpr double cut_tolerance = 1e-4;
 constexpr long small_gap = 5;  // that branch and bound may close on a problem of any size
 
+constexpr long moves_at_first = 5;  // per choice, of the annealing that the program leans on
+
 // The tighter bound has come to rest when it moves by less than this share, so often.
 constexpr double resting_share = 5e-5;
 constexpr int resting_rounds = 3;
@@ -49,6 +51,8 @@ class part_search {
         answer_.bound = problem_.total_weight();
         answer_.chosen = state_.chosen();
         answer_.weight = state_.weight();
+        anneal_choices(every_choice_, moves_at_first * problem_.num_choices(), 0.5);
+        master_.lean_towards(answer_.chosen);
         report("cuts");
         const bool is_hard = cut_rounds();
         if (!done() && !is_hard) {

@@ -1,9 +1,9 @@
 // The best directions of a contested problem, and the proof that they are.
 //
-// The linear program with cuts (cut_master.hpp) gives a bound; since weights are
-// whole, a value equal to the bound rounded down is proven best. Values come from
-// rounding the program's solution and from annealing (local_search.hpp) over the choices
-// that the program leaves fractional. What gap remains is closed on a smaller problem: a
+// The linear program with cuts (cut_master.hpp), leaning towards what a short annealing
+// (local_search.hpp) has found, gives a bound; since weights are whole, a value equal to
+// the bound rounded down is proven best. Values come from rounding the program's solution
+// and from annealing over the choices that it leaves fractional. What gap remains is closed on a smaller problem: a
 // choice whose reduced weight exceeds the gap keeps its direction in every better answer
 // (Dantzig, Fulkerson and Johnson 1954), which settles more choices in turn.
 //

@@ -20,6 +20,10 @@ void row_program::add_row(program_row row) {
     rows_.push_back(std::move(row));
 }
 
+void row_program::favour(int column, double amount) {
+    Highs_changeColCost(highs_.get(), column, -weights_[at(column)] - amount);
+}
+
 void row_program::solve_loosely(double tolerance) {
     is_loose_ = true;
     highs_.set_option("pdlp_optimality_tolerance", tolerance);

@@ -21,6 +21,9 @@ class row_program {
     row_program(std::vector<double> weights, double constant, const solve_watch& watch);
 
     void add_row(program_row row);
+    // Adds to a column's weight in solves to come, but not in the bounds and preferences
+    // that they prove.
+    void favour(int column, double amount);
     // From here on solves by HiGHS's first-order method, to the given relative tolerance, and
     // where that fails by its interior point method.
     void solve_loosely(double tolerance);
