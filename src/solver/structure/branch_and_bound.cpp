@@ -9,9 +9,10 @@ namespace solver {
 namespace {
 
 constexpr long most_nodes = 1 << 30;  // that fit into the solver's option
+constexpr double leaning = 0.25;      // what all directions that the program leans towards are worth
 
-// Weights are whole, so a relaxed value proves no more than its whole part. The added
-// tolerance can only weaken the bound.
+// Weights are whole, so a relaxed value proves no more than its whole part. Leaning and
+// the added tolerance can only weaken the bound.
 long whole_bound(double bound) {
     return static_cast<long>(std::floor(bound + 1e-6));
 }
@@ -24,7 +25,16 @@ directions rounded(const double* values, int num_choices) {
     return chosen;
 }
 
-void pass_program(const cut_master& master, const highs_handle& highs) {
+// The program, leaning towards the directions given: each of them is worth a little, and
+// all together less than a pair.
+void pass_program(const cut_master& master, const directions& chosen, const highs_handle& highs) {
+    std::vector<double> weights = master.program().weights();
+    double constant = master.program().constant();
+    for (int c = 0; c < master.num_choices(); ++c) {
+        const double worth = leaning / master.num_choices();
+        weights[at(c)] += chosen[at(c)] == 0 ? worth : -worth;
+        constant += chosen[at(c)] == 0 ? 0.0 : worth;
+    }
     std::vector<HighsInt> starts;
     std::vector<HighsInt> columns;
     std::vector<double> values;
@@ -42,9 +52,9 @@ void pass_program(const cut_master& master, const highs_handle& highs) {
     std::vector<HighsInt> integrality(at(master.program().num_columns()), 0);
     std::fill_n(integrality.begin(), master.num_choices(), 1);
     Highs_passMip(highs.get(), master.program().num_columns(), static_cast<HighsInt>(row_upper.size()),
-                  static_cast<HighsInt>(columns.size()), kHighsMatrixFormatRowwise, kHighsObjSenseMaximize,
-                  master.program().constant(), master.program().weights().data(), lower.data(), upper.data(),
-                  row_lower.data(), row_upper.data(), starts.data(), columns.data(), values.data(), integrality.data());
+                  static_cast<HighsInt>(columns.size()), kHighsMatrixFormatRowwise, kHighsObjSenseMaximize, constant,
+                  weights.data(), lower.data(), upper.data(), row_lower.data(), row_upper.data(), starts.data(),
+                  columns.data(), values.data(), integrality.data());
 }
 
 // The best directions known, as the solver's first incumbent.
@@ -79,9 +89,9 @@ bool branch_and_bound(const contested_problem& problem, cut_master& master, shar
     while (answer.weight < answer.bound && answer.bound >= goal && !watch.stop_requested()) {
         highs_handle highs(inner);
         highs.set_option("mip_rel_gap", 0.0);
-        highs.set_option("mip_abs_gap", 1.0 - 1e-5);  // whole weights
+        highs.set_option("mip_abs_gap", 1.0 - leaning - 1e-5);  // whole weights
         highs.set_option("mip_max_nodes", static_cast<int>(std::min(max_nodes, most_nodes)));
-        pass_program(master, highs);
+        pass_program(master, answer.chosen, highs);
         pass_start(problem, master, state, answer.chosen, highs);
         incumbent found;
         if (highs.run(found) == run_end::failed) {

@@ -4,7 +4,9 @@
 // relaxation: its best value bounds the problem's. The directions that it finds are
 // counted for what they really reach; where they fall short, the cuts that they break
 // are added, and it is solved again. Ends when the two meet: there are finitely many
-// cuts. Rounds are bounded by a number of nodes where the caller asks for it.
+// cuts. There are few where each round looks near the best directions known, so of
+// equals the program prefers those (cut_master.hpp). Rounds are bounded by a number of nodes where the caller asks for
+// it.
 #pragma once
 
 #include "solver/structure/contested_search.hpp"

@@ -27,13 +27,13 @@ constexpr long moves_at_first = 5;  // per choice, of the annealing that the pro
 constexpr double resting_share = 5e-5;
 constexpr int resting_rounds = 3;
 
-// Simplex iterations times rows that plain cuts may take before the other thread begins.
-constexpr double patient_work = 1.5e8;
-
-// Steps of the search for values that are waited for, if need be, after other work.
-constexpr long steps_at_first = 200;
-constexpr long steps_per_round = 20;
-constexpr long steps_per_branching = 100;
+// What linear programs cost, in iterations times rows or entries, before the other thread begins.
+constexpr double patient_work = 1e8;
+// Moves of the search for values that are waited for, if need be: fewer than it makes meanwhile.
+constexpr double moves_per_work = 0.01;
+constexpr long moves_per_tightening = 200;  // and those below: per choice
+constexpr long moves_per_branching = 200;
+constexpr long moves_without_cuts = 400;  // when plain cuts have come to their end
 
 class part_search {
  public:
@@ -52,7 +52,7 @@ class part_search {
         answer_.chosen = state_.chosen();
         answer_.weight = state_.weight();
         anneal_choices(every_choice_, moves_at_first * problem_.num_choices(), 0.5);
-        master_.lean_towards(answer_.chosen);
+        lean();
         report("cuts");
         const bool is_hard = cut_rounds();
         if (!done() && !is_hard) {
@@ -106,10 +106,11 @@ class part_search {
             lower_bound_to(master_.program().bound());
             try_rounding(master_.program());
             report("cuts");
-            work += static_cast<double>(master_.program().iterations()) * master_.program().num_rows();
+            work += master_.program().work();
             if (work > patient_work && !done()) {
-                take_values(steps_per_round);
+                take_values(std::lround(moves_per_work * master_.program().work()));
             }
+            lean();
             if (master_.program().ran_into_limit()) {
                 return true;
             }
@@ -134,6 +135,13 @@ class part_search {
             count += is_fractional(c) ? 1 : 0;
         }
         return count;
+    }
+
+    void lean() {
+        if (answer_.weight > leaning_weight_) {
+            leaning_weight_ = answer_.weight;
+            master_.lean_towards(answer_.chosen);
+        }
     }
 
     void try_rounding(const row_program& program) {
@@ -173,7 +181,7 @@ class part_search {
 
     void search_long(bool is_hard) {
         if (!is_hard) {
-            take_values(steps_at_first);  // which may find all that was missing
+            take_values(moves_without_cuts * problem_.num_choices());  // which may find all that was missing
         }
         if (!done()) {
             tighten();
@@ -181,17 +189,17 @@ class part_search {
         bool goes_on = true;
         for (long nodes = plan_.first_nodes; goes_on && !done(); nodes *= 2) {
             goes_on = branch(nodes);
-            take_values(steps_per_branching);
+            take_values(moves_per_branching * problem_.num_choices());
         }
     }
 
-    // The best of so many more steps of the other thread, which begins when first asked.
-    void take_values(long more_steps) {
+    // The best of so many more moves of the other thread, which begins when first asked.
+    void take_values(long more_moves) {
         if (!values_) {
             values_.emplace(problem_, found_directions{answer_.chosen, answer_.weight}, answer_.bound, watch_);
         }
-        steps_taken_ += more_steps;
-        const found_directions& found = values_->best_of(steps_taken_);
+        moves_taken_ += more_moves;
+        const found_directions& found = values_->best_of(moves_taken_);
         keep_if_better(found.weight, found.chosen);
         report("local search");
     }
@@ -221,7 +229,8 @@ class part_search {
                 break;
             }
             rests = before - chains.bound() < resting_share * chains.bound() ? rests + 1 : 0;
-            take_values(steps_per_round);
+            take_values(std::lround(moves_per_work * chains.program().work()) +
+                        moves_per_tightening * problem_.num_choices());
             if (done()) {
                 break;
             }
@@ -270,7 +279,8 @@ class part_search {
     cut_master master_;
     const std::vector<char> every_choice_;
     std::uint64_t seed_ = 0;
-    long steps_taken_ = 0;  // of the search for values
+    long leaning_weight_ = -1;  // of the directions that the program leans towards
+    long moves_taken_ = 0;      // of the search for values
     std::optional<value_search> values_;
     contested_answer answer_;
 };

@@ -12,8 +12,8 @@ constexpr double last_temperature = 0.15;
 
 }  // namespace
 
-int recombine(const contested_problem& problem, const directions& better, const directions& other, std::uint64_t seed,
-              shared_state& state, const solve_watch& watch) {
+long recombine(const contested_problem& problem, const directions& better, const directions& other, std::uint64_t seed,
+               shared_state& state, const solve_watch& watch) {
     std::vector<char> differs(better.size());
     for (std::size_t c = 0; c < better.size(); ++c) {
         differs[c] = better[c] != other[c] ? 1 : 0;
@@ -23,10 +23,10 @@ int recombine(const contested_problem& problem, const directions& better, const 
     shared_state small(rest);
     small.set(part.before());
     const std::vector<char> movable(rest.choices.size(), 1);
-    anneal(small, movable, {moves_per_choice * rest.num_choices(), first_temperature, last_temperature, seed},
-           rest.total_weight(), watch);
+    const long moves = moves_per_choice * rest.num_choices();
+    anneal(small, movable, {moves, first_temperature, last_temperature, seed}, rest.total_weight(), watch);
     state.set(part.with(small.chosen()));
-    return rest.num_choices();
+    return moves;
 }
 
 }  // namespace solver

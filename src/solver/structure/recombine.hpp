@@ -17,8 +17,8 @@
 
 namespace solver {
 
-// Leaves the result in the state. Gives the number of choices that were annealed.
-int recombine(const contested_problem& problem, const directions& better, const directions& other, std::uint64_t seed,
-              shared_state& state, const solve_watch& watch);
+// Leaves the result in the state. Gives the number of moves that it was given.
+long recombine(const contested_problem& problem, const directions& better, const directions& other, std::uint64_t seed,
+               shared_state& state, const solve_watch& watch);
 
 }  // namespace solver

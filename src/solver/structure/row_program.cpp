@@ -17,6 +17,7 @@ row_program::row_program(std::vector<double> weights, double constant, const sol
 }
 
 void row_program::add_row(program_row row) {
+    num_entries_ += static_cast<long>(row.columns.size());
     rows_.push_back(std::move(row));
 }
 
@@ -61,6 +62,8 @@ bool row_program::solve() {
         highs_.set_option("solver", "hipdlp");
     }
     run_end end = highs_.run();
+    work_ = is_loose_ ? static_cast<double>(num_entries_) * highs_.int_info("pdlp_iteration_count")
+                      : static_cast<double>(num_rows()) * highs_.int_info("simplex_iteration_count");
     // The first-order method does not get through every program; where it does not, its
     // last values are worth nothing.
     if (is_loose_ && end == run_end::finished && ran_into_limit()) {

@@ -34,8 +34,9 @@ class row_program {
 
     // False when stopped or failed; then everything below is of the solve before.
     bool solve();
-    // Of the last solve, by the simplex method.
-    int iterations() const { return highs_.int_info("simplex_iteration_count"); }
+    // Of the last solve: iterations of the simplex method times rows, or those of the
+    // first-order method times entries.
+    double work() const { return work_; }
     bool ran_into_limit() const { return highs_.model_status() == kHighsModelStatusIterationLimit; }
 
     const std::vector<double>& values() const { return values_; }
@@ -66,6 +67,8 @@ class row_program {
     std::vector<double> values_;
     std::vector<double> reduced_;  // by column: weight less what the rows charge
     bool is_loose_ = false;
+    long num_entries_ = 0;
+    double work_ = 0.0;
     double bound_ = infinity;
 };
 

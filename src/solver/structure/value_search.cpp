@@ -17,7 +17,8 @@ constexpr double hottest_reheating = 0.6;
 constexpr int patience = 8;  // reheatings that may gain nothing before a line ends
 constexpr int leader_patience = 15;
 constexpr int mergers = 4;
-constexpr int stages_per_step = 10;  // of an annealing
+constexpr int stages_between_notes = 10;   // of an annealing
+constexpr long moves_worth_settling = 10;  // per choice: what a recombination costs besides its moves
 
 }  // namespace
 
@@ -51,11 +52,11 @@ class value_search::searcher {
  private:
     bool done() const { return best_.weight >= target_ || watch_.stop_requested(); }
 
-    void note(const directions& chosen, long weight) {
+    void note(const directions& chosen, long weight, long more_moves) {
         if (weight > best_.weight) {
             best_ = {chosen, weight};
         }
-        owner_.publish(best_);
+        owner_.publish(best_, more_moves);
     }
 
     found_directions in_state() const { return {state_.chosen(), state_.weight()}; }
@@ -66,8 +67,8 @@ class value_search::searcher {
         plan.seed = next_seed();
         int stages = 0;
         anneal(state_, every_choice_, plan, target_, watch_, [&](const directions& chosen, long weight) {
-            if (++stages % stages_per_step == 0) {
-                note(chosen, weight);
+            if (++stages % stages_between_notes == 0) {
+                note(chosen, weight, stages_between_notes * plan.moves / annealing_stages);
             }
         });
     }
@@ -108,9 +109,10 @@ class value_search::searcher {
     void merge(found_directions& one, found_directions& other) {
         const bool one_is_better = one.weight >= other.weight;
         found_directions& worse = one_is_better ? other : one;
-        recombine(problem_, (one_is_better ? one : other).chosen, worse.chosen, next_seed(), state_, watch_);
+        const long moves =
+            recombine(problem_, (one_is_better ? one : other).chosen, worse.chosen, next_seed(), state_, watch_);
         worse = in_state();
-        note(worse.chosen, worse.weight);
+        note(worse.chosen, worse.weight, moves + moves_worth_settling * problem_.num_choices());
     }
 
     std::uint64_t next_seed() { return random_.below(std::size_t{1} << 32); }
@@ -150,22 +152,22 @@ void value_search::run(long target) {
     wake_.notify_one();
 }
 
-void value_search::publish(const found_directions& best) {
+void value_search::publish(const found_directions& best, long more_moves) {
     const std::lock_guard lock(mutex_);
-    ++steps_done_;
+    moves_made_ += more_moves;
     if (best.weight > (ahead_.empty() ? best_.weight : ahead_.back().found.weight)) {
-        ahead_.push_back({steps_done_, best});
+        ahead_.push_back({moves_made_, best});
     }
     wake_.notify_one();
 }
 
-const found_directions& value_search::best_of(long steps) {
+const found_directions& value_search::best_of(long moves) {
     std::unique_lock lock(mutex_);
-    wake_.wait(lock, [&] { return steps_done_ >= steps || has_ended_; });
+    wake_.wait(lock, [&] { return moves_made_ >= moves || has_ended_; });
     if (failure_) {
         std::rethrow_exception(failure_);
     }
-    while (!ahead_.empty() && ahead_.front().step <= steps) {
+    while (!ahead_.empty() && ahead_.front().moves <= moves) {
         best_ = std::move(ahead_.front().found);
         ahead_.erase(ahead_.begin());
     }

@@ -7,10 +7,9 @@
 // to recombine keeps the former and undoes the latter. A line that gains nothing more
 // is recombined with the leading one, which is reheated in turn.
 //
-// Never ends by itself before it reaches its target. It goes by steps: ten stages of an
-// annealing, or one recombination. Steps are bounded by what they do, never by
-// a clock, and who asks says for how many: the answer is the same however the two
-// threads run.
+// Never ends by itself before it reaches its target. Its work is counted in moves of
+// annealing, never by a clock, and who asks says how many it takes into account: the
+// answer is the same however the two threads run.
 #pragma once
 
 #include <atomic>
@@ -40,14 +39,14 @@ class value_search {
     value_search(const value_search&) = delete;
     value_search& operator=(const value_search&) = delete;
 
-    // The best of the first so many steps, waited for. Numbers must not fall from call to
+    // The best of the first so many moves, waited for. Numbers must not fall from call to
     // call; no number is too large once a stop was requested.
-    const found_directions& best_of(long steps);
+    const found_directions& best_of(long moves);
 
  private:
     class searcher;
     void run(long target);
-    void publish(const found_directions& best);
+    void publish(const found_directions& best, long more_moves);
 
     const contested_problem& problem_;
     solve_watch watch_;
@@ -56,11 +55,11 @@ class value_search {
     std::mutex mutex_;  // for all below
     std::condition_variable wake_;
     struct improvement {
-        long step;
+        long moves;  // made until then
         found_directions found;
     };
-    std::vector<improvement> ahead_;  // of what was asked for, in the order of steps
-    long steps_done_ = 0;
+    std::vector<improvement> ahead_;  // of what was asked for, in order
+    long moves_made_ = 0;
     bool has_ended_ = false;
     std::exception_ptr failure_;
     found_directions best_;
