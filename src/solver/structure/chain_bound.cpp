@@ -12,7 +12,10 @@ namespace solver {
 namespace {
 
 constexpr double cut_tolerance = 0.01;
-constexpr double loose_tolerance = 2e-3;
+// Of the solver, relative: tightened where a round gains less than 0.4 of it.
+constexpr double loosest = 2e-3;
+constexpr double tightest = 1e-4;
+constexpr double tightening = 0.25;
 constexpr int hull_choices = 8;
 constexpr int rounds_without_hulls = 4;
 
@@ -68,7 +71,8 @@ chain_bound::chain_bound(const contested_problem& problem, layout made, const so
       nets_(std::move(made.nets)),
       transitions_(std::move(made.transitions)),
       first_transition_(static_cast<int>(made.pairs.weights.size() - transitions_.size())),
-      program_(std::move(made.pairs.weights), made.pairs.constant, watch) {
+      program_(std::move(made.pairs.weights), made.pairs.constant, watch),
+      tolerance_(loosest) {
     for (std::size_t k = 0; k < transitions_.size(); ++k) {
         for (const int gate : {transitions_[k].first_gate, transitions_[k].second_gate}) {
             program_row row{{transition_column(static_cast<int>(k))}, {1.0}, 0.0};
@@ -76,7 +80,7 @@ chain_bound::chain_bound(const contested_problem& problem, layout made, const so
             program_.add_row(std::move(row));
         }
     }
-    program_.solve_loosely(loose_tolerance);
+    program_.solve_loosely(tolerance_);
     const std::vector<double> half(at(num_gates_) + transitions_.size(), 0.5);
     add_cuts(half);
 }
@@ -235,6 +239,7 @@ bool chain_bound::improve() {
     if (!program_.solve()) {
         return false;
     }
+    const double before = bound_;
     bound_ = std::min(bound_, program_.bound());
     std::vector<double> gate_values(at(num_gates_) + transitions_.size());
     for (int gate = 0; gate < num_gates_; ++gate) {
@@ -247,6 +252,11 @@ bool chain_bound::improve() {
     int added = add_cuts(gate_values) + add_triangles();
     if (++rounds_ > rounds_without_hulls || added == 0) {
         added += add_hull_cuts();
+    }
+    if (tolerance_ > tightest && (added == 0 || before - bound_ < 0.4 * tolerance_ * bound_)) {
+        tolerance_ *= tightening;
+        program_.solve_loosely(tolerance_);
+        return true;
     }
     return added > 0;
 }

@@ -26,7 +26,8 @@ class chain_bound {
 
     // One round: solves, and adds the rows that the values break. False when stopped, or
     // when nothing is broken. The first rounds leave out the cuts from hulls, which cost
-    // most and gain little while others gain much.
+    // most and gain little while others gain much; and as rounds gain less, they solve
+    // more tightly.
     bool improve();
 
     // The best bound so far.
@@ -61,6 +62,7 @@ class chain_bound {
     std::vector<transition> transitions_;
     int first_transition_;  // column
     row_program program_;
+    double tolerance_;
     double bound_ = infinity;
     int rounds_ = 0;
 };

@@ -31,6 +31,7 @@ void row_program::solve_loosely(double tolerance) {
     highs_.set_option("ipm_optimality_tolerance", tolerance);
     highs_.set_option("pdlp_iteration_limit", 3000);
     highs_.set_option("run_crossover", "off");
+    highs_.set_option("presolve", "off");  // takes longer than it saves
 }
 
 void row_program::limit_iterations(int limit) {
