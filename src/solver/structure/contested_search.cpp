@@ -21,7 +21,10 @@ constexpr double whole_tolerance = 1e-6;  // of a value of the linear program
 constexpr double cut_tolerance = 1e-4;
 constexpr long small_gap = 5;  // that branch and bound may close on a problem of any size
 
-constexpr long moves_at_first = 5;  // per choice, of the annealing that the program leans on
+// Of the annealing that the program leans on, per choice: fewer where a move may walk a
+// long way, through so many arcs of a pair's network.
+constexpr double moves_at_first = 5.0;
+constexpr double arcs_at_first = 200.0;
 
 // The tighter bound has come to rest when it moves by less than this share, so often.
 constexpr double resting_share = 5e-5;
@@ -51,7 +54,7 @@ class part_search {
         answer_.bound = problem_.total_weight();
         answer_.chosen = state_.chosen();
         answer_.weight = state_.weight();
-        anneal_choices(every_choice_, moves_at_first * problem_.num_choices(), 0.5);
+        anneal_at_first();
         lean();
         report("cuts");
         const bool is_hard = cut_rounds();
@@ -158,6 +161,15 @@ class part_search {
         anneal(state_, movable, {moves, first_temperature, 0.1, ++seed_}, answer_.bound, watch_);
         keep_if_better();
         report("local search");
+    }
+
+    void anneal_at_first() {
+        double arcs = 0.0;
+        for (const pair_net& pair : problem_.pairs) {
+            arcs += static_cast<double>(pair.arcs.size());
+        }
+        const double moves = std::min(moves_at_first, arcs_at_first * static_cast<double>(problem_.pairs.size()) / arcs);
+        anneal_choices(every_choice_, std::lround(moves * problem_.num_choices()), 0.5);
     }
 
     void anneal_fractional() {
