@@ -1,17 +1,7 @@
 // The best directions of a contested problem, and the proof that they are.
 //
-// The linear program with cuts (cut_master.hpp), leaning towards what a short annealing
-// (local_search.hpp) has found, gives a bound; since weights are whole, a value equal to
-// the bound rounded down is proven best. Values come from rounding the program's solution
-// and from annealing over the choices that it leaves fractional. What gap remains is closed on a smaller problem: a
-// choice whose reduced weight exceeds the gap keeps its direction in every better answer
-// (Dantzig, Fulkerson and Johnson 1954), which settles more choices in turn.
-//
-// Where the program stays fractional through and through, a tighter one takes over
-// (chain_bound.hpp) until three rounds in a row hardly move its bound, while a second
-// thread looks for values (value_search.hpp). The last resort is branch and bound over
-// the choices (branch_and_bound.hpp), with twice the nodes each time: that may not end
-// in anybody's lifetime, and is what a watch stops.
+// Parts that share no choice are searched apart, each as part_search.hpp says. May not
+// end in anybody's lifetime, and then is what a watch stops.
 #pragma once
 
 #include "solver/back_end.hpp"

@@ -36,7 +36,4 @@ struct settled_problem {
 // Gates: what is decided beforehand.
 settled_problem settle(contested_problem problem, std::vector<gate_state> gates, const settle_steps& steps = {});
 
-// The parts of a problem that share no choice, in the order of their first choices.
-std::vector<contested_problem> split(const contested_problem& problem);
-
 }  // namespace solver

@@ -12,6 +12,7 @@
 #include "solver/structure/reduce.hpp"
 #include "solver/structure/separate.hpp"
 #include "solver/structure/shared_state.hpp"
+#include "solver/structure/split.hpp"
 #include "solver/structure/value_search.hpp"
 
 using namespace solver;

@@ -1,0 +1,300 @@
+#include "solver/structure/part_search.hpp"
+
+#include <algorithm>
+#include <cmath>
+#include <cstdint>
+#include <limits>
+#include <optional>
+
+#include "solver/structure/branch_and_bound.hpp"
+#include "solver/structure/chain_bound.hpp"
+#include "solver/structure/cut_master.hpp"
+#include "solver/structure/fix_choices.hpp"
+#include "solver/structure/index.hpp"
+#include "solver/structure/local_search.hpp"
+#include "solver/structure/value_search.hpp"
+
+namespace solver {
+namespace {
+
+constexpr double whole_tolerance = 1e-6;  // of a value of the linear program
+constexpr double cut_tolerance = 1e-4;
+constexpr long small_gap = 5;  // that branch and bound may close on a problem of any size
+
+// Of the annealing that the program leans on, per choice: fewer where a move may walk a
+// long way, through so many arcs of a pair's network.
+constexpr double moves_at_first = 5.0;
+constexpr double arcs_at_first = 200.0;
+
+// The tighter bound has come to rest when it moves by less than this share, so often.
+constexpr double resting_share = 5e-5;
+constexpr int resting_rounds = 3;
+
+// What linear programs cost, in iterations times rows or entries, before the other thread begins.
+constexpr double patient_work = 1e8;
+// Moves of the search for values that are waited for, if need be: fewer than it makes meanwhile.
+constexpr double moves_per_work = 0.01;
+constexpr long moves_per_tightening = 200;  // and those below: per choice
+constexpr long moves_per_branching = 200;
+constexpr long moves_without_cuts = 400;  // when plain cuts have come to their end
+
+class part_search {
+ public:
+    part_search(const contested_problem& problem, const search_plan& plan, const known_outside& outside,
+                const solve_watch& watch)
+        : problem_(problem),
+          plan_(plan),
+          outside_(outside),
+          watch_(watch),
+          state_(problem),
+          master_(problem, watch),
+          every_choice_(problem.choices.size(), 1) {}
+
+    contested_answer run() {
+        answer_.bound = problem_.total_weight();
+        answer_.chosen = state_.chosen();
+        answer_.weight = state_.weight();
+        anneal_at_first();
+        lean();
+        report("cuts");
+        const bool is_hard = cut_rounds();
+        if (!done() && !is_hard) {
+            anneal_fractional();
+        }
+        if (!done() && !is_hard && plan_.fixes) {
+            close_on_smaller_problem(master_.program());
+        }
+        if (!done() && !is_hard && (problem_.num_choices() < plan_.hard_choices || gap() <= small_gap)) {
+            branch(plan_.first_nodes);
+        }
+        if (!done()) {
+            search_long(is_hard);
+        }
+        take_last_values();
+        return answer_;
+    }
+
+ private:
+    bool done() const {
+        return answer_.weight >= answer_.bound || answer_.bound < plan_.goal || watch_.stop_requested();
+    }
+
+    long gap() const { return answer_.bound - answer_.weight; }
+
+    void keep_if_better(long weight, const directions& chosen) {
+        if (weight > answer_.weight) {
+            answer_.weight = weight;
+            answer_.chosen = chosen;
+        }
+    }
+    void keep_if_better() { keep_if_better(state_.weight(), state_.chosen()); }
+
+    void lower_bound_to(double proven) {
+        answer_.bound = std::min(answer_.bound, static_cast<long>(std::floor(proven + whole_tolerance)));
+    }
+
+    void report(const char* stage) const {
+        watch_.report({stage, static_cast<double>(outside_.weight + answer_.weight),
+                       static_cast<double>(outside_.bound + answer_.bound)});
+    }
+
+    // Solves, rounds and cuts until no cut is broken, or until it shows that this program
+    // will not come near: then true.
+    bool cut_rounds() {
+        double work = 0.0;
+        for (int round = 0;; ++round) {
+            if (done() || !master_.solve()) {
+                return false;
+            }
+            lower_bound_to(master_.program().bound());
+            try_rounding(master_.program());
+            report("cuts");
+            work += master_.program().work();
+            if (work > patient_work && !done()) {
+                take_values(std::lround(moves_per_work * master_.program().work()));
+            }
+            lean();
+            if (master_.program().ran_into_limit()) {
+                return true;
+            }
+            if (!done() && round > 0 && problem_.num_choices() >= plan_.hard_choices &&
+                static_cast<double>(fractional_choices()) > plan_.hard_share * problem_.num_choices()) {
+                return true;
+            }
+            if (done() || master_.add_broken_cuts(cut_tolerance) == 0) {
+                return false;
+            }
+        }
+    }
+
+    bool is_fractional(int choice) const {
+        const double value = master_.choice_value(choice);
+        return value > whole_tolerance && value < 1.0 - whole_tolerance;
+    }
+
+    long fractional_choices() const {
+        long count = 0;
+        for (int c = 0; c < problem_.num_choices(); ++c) {
+            count += is_fractional(c) ? 1 : 0;
+        }
+        return count;
+    }
+
+    void lean() {
+        if (answer_.weight > leaning_weight_) {
+            leaning_weight_ = answer_.weight;
+            master_.lean_towards(answer_.chosen);
+        }
+    }
+
+    void try_rounding(const row_program& program) {
+        directions chosen(problem_.choices.size());
+        for (int c = 0; c < problem_.num_choices(); ++c) {
+            chosen[at(c)] = program.value(c) >= 0.5 ? 0 : 1;
+        }
+        state_.set(chosen);
+        keep_if_better();
+    }
+
+    // From where the state stands; every run has a seed of its own.
+    void anneal_choices(const std::vector<char>& movable, long moves, double first_temperature) {
+        anneal(state_, movable, {moves, first_temperature, 0.1, ++seed_}, answer_.bound, watch_);
+        keep_if_better();
+        report("local search");
+    }
+
+    void anneal_at_first() {
+        double arcs = 0.0;
+        for (const pair_net& pair : problem_.pairs) {
+            arcs += static_cast<double>(pair.arcs.size());
+        }
+        const double moves =
+            std::min(moves_at_first, arcs_at_first * static_cast<double>(problem_.pairs.size()) / arcs);
+        anneal_choices(every_choice_, std::lround(moves * problem_.num_choices()), 0.5);
+    }
+
+    void anneal_fractional() {
+        std::vector<char> movable(problem_.choices.size());
+        for (int c = 0; c < problem_.num_choices(); ++c) {
+            movable[at(c)] = is_fractional(c) ? 1 : 0;
+        }
+        try_rounding(master_.program());
+        for (int run = 0; run < 4 && !done(); ++run) {
+            anneal_choices(movable, 500 * fractional_choices(), 0.5);
+        }
+        if (!done()) {
+            state_.set(answer_.chosen);
+            anneal_choices(every_choice_, 20L * problem_.num_choices(), 0.2);
+        }
+    }
+
+    bool branch(long max_nodes) {
+        return branch_and_bound(problem_, master_, state_, plan_.goal, max_nodes, outside_, watch_, answer_);
+    }
+
+    void search_long(bool is_hard) {
+        if (!is_hard) {
+            take_values(moves_without_cuts * problem_.num_choices());  // which may find all that was missing
+        }
+        if (!done()) {
+            tighten();
+        }
+        bool goes_on = true;
+        for (long nodes = plan_.first_nodes; goes_on && !done(); nodes *= 2) {
+            goes_on = branch(nodes);
+            take_values(moves_per_branching * problem_.num_choices());
+        }
+    }
+
+    // The best of so many more moves of the other thread, which begins when first asked.
+    void take_values(long more_moves) {
+        if (!values_) {
+            values_.emplace(problem_, found_directions{answer_.chosen, answer_.weight}, answer_.bound, watch_);
+        }
+        moves_taken_ += more_moves;
+        const found_directions& found = values_->best_of(moves_taken_);
+        keep_if_better(found.weight, found.chosen);
+        report("local search");
+    }
+
+    // All that the other thread has found when a stop was requested.
+    void take_last_values() {
+        if (values_ && watch_.stop_requested()) {
+            const found_directions& found = values_->best_of(std::numeric_limits<long>::max());
+            keep_if_better(found.weight, found.chosen);
+        }
+    }
+
+    // Bounds by the tighter program, until the bound rests.
+    void tighten() {
+        chain_bound chains(problem_, watch_);
+        int rests = 0;
+        while (rests < resting_rounds) {
+            const double before = chains.bound();
+            const bool has_more = chains.improve();
+            if (chains.bound() == infinity) {
+                return;
+            }
+            lower_bound_to(chains.bound());
+            try_rounding(chains.program());
+            report("tighter cuts");
+            if (done() || !has_more) {
+                break;
+            }
+            rests = before - chains.bound() < resting_share * chains.bound() ? rests + 1 : 0;
+            take_values(std::lround(moves_per_work * chains.program().work()) +
+                        moves_per_tightening * problem_.num_choices());
+            if (done()) {
+                break;
+            }
+        }
+        if (!done() && plan_.fixes) {
+            close_on_smaller_problem(chains.program());
+        }
+    }
+
+    // Searches what is left when what every better answer has in common is fixed.
+    void close_on_smaller_problem(const row_program& program) {
+        const std::optional<settled_problem> fixed = fix_choices(problem_, program, answer_.weight);
+        if (!fixed) {
+            return;
+        }
+        const settled_problem& rest = *fixed;
+        search_plan plan = plan_;
+        plan.goal = std::max(plan_.goal, answer_.weight + 1) - rest.satisfied_weight;
+        const known_outside outside = {outside_.weight + rest.satisfied_weight, outside_.bound + rest.satisfied_weight};
+        const contested_answer best = search_contested(rest.contested, plan, outside, watch_);
+        directions chosen = rest.decided;
+        for (int c = 0; c < rest.contested.num_choices(); ++c) {
+            chosen[at(rest.contested.choices[at(c)])] = best.chosen[at(c)];
+        }
+        for (signed char& side : chosen) {
+            side = std::max<signed char>(side, 0);  // what nothing uses any more
+        }
+        state_.set(chosen);
+        keep_if_better();
+        answer_.bound = std::min(answer_.bound, std::max(answer_.weight, rest.satisfied_weight + best.bound));
+    }
+
+    const contested_problem& problem_;
+    const search_plan plan_;
+    const known_outside outside_;
+    const solve_watch& watch_;
+    shared_state state_;
+    cut_master master_;
+    const std::vector<char> every_choice_;
+    std::uint64_t seed_ = 0;
+    long leaning_weight_ = -1;  // of the directions that the program leans towards
+    long moves_taken_ = 0;      // of the search for values
+    std::optional<value_search> values_;
+    contested_answer answer_;
+};
+
+}  // namespace
+
+contested_answer search_part(const contested_problem& problem, const search_plan& plan, const known_outside& outside,
+                             const solve_watch& watch) {
+    return part_search(problem, plan, outside, watch).run();
+}
+
+}  // namespace solver
