@@ -1,7 +1,6 @@
 #include "solver/structure/branch_and_bound.hpp"
 
 #include <algorithm>
-#include <cmath>
 
 #include "solver/structure/index.hpp"
 
@@ -10,20 +9,6 @@ namespace {
 
 constexpr long most_nodes = 1 << 30;  // that fit into the solver's option
 constexpr double leaning = 0.25;      // what all directions that the program leans towards are worth
-
-// Weights are whole, so a relaxed value proves no more than its whole part. Leaning and
-// the added tolerance can only weaken the bound.
-long whole_bound(double bound) {
-    return static_cast<long>(std::floor(bound + 1e-6));
-}
-
-directions rounded(const double* values, int num_choices) {
-    directions chosen(at(num_choices));
-    for (int c = 0; c < num_choices; ++c) {
-        chosen[at(c)] = values[c] >= 0.5 ? 0 : 1;
-    }
-    return chosen;
-}
 
 // The program, leaning towards the directions given: each of them is worth a little, and
 // all together less than a pair.
@@ -76,39 +61,30 @@ void pass_start(const contested_problem& problem, const cut_master& master, shar
 
 }  // namespace
 
-bool branch_and_bound(const contested_problem& problem, cut_master& master, shared_state& state, long goal,
-                      long max_nodes, const known_outside& outside, const solve_watch& watch,
-                      contested_answer& answer) {
+bool branch_and_bound(const contested_problem& problem, cut_master& master, shared_state& state, long max_nodes,
+                      const solve_watch& watch, known_answer& known) {
     // The solver's own value is that of a relaxation, so reports show what is known here.
     solve_watch inner = watch;
-    inner.report = [&](const solve_progress& progress) {
-        const double bound = std::min(static_cast<double>(answer.bound), progress.bound);
-        watch.report({"branch and bound", static_cast<double>(outside.weight + answer.weight),
-                      static_cast<double>(outside.bound) + bound});
-    };
-    while (answer.weight < answer.bound && answer.bound >= goal && !watch.stop_requested()) {
+    inner.report = [&known](const solve_progress& progress) { known.report("branch and bound", progress.bound); };
+    while (!known.done()) {
         highs_handle highs(inner);
         highs.set_option("mip_rel_gap", 0.0);
         highs.set_option("mip_abs_gap", 1.0 - leaning - 1e-5);  // whole weights
         highs.set_option("mip_max_nodes", static_cast<int>(std::min(max_nodes, most_nodes)));
-        pass_program(master, answer.chosen, highs);
-        pass_start(problem, master, state, answer.chosen, highs);
+        pass_program(master, known.chosen(), highs);
+        pass_start(problem, master, state, known.chosen(), highs);
         incumbent found;
         if (highs.run(found) == run_end::failed) {
             return false;
         }
         const bool finished = highs.model_status() == kHighsModelStatusOptimal;
-        if (std::isfinite(found.bound)) {
-            answer.bound = std::min(answer.bound, std::max(answer.weight, whole_bound(found.bound)));
-        }
+        // Leaning and the tolerance added when a bound is rounded can only weaken it.
+        known.lower_bound_on_better_to(found.bound);
         if (found.values.empty()) {
             return !finished;
         }
-        state.set(rounded(found.values.data(), master.num_choices()));
-        if (state.weight() > answer.weight) {
-            answer.weight = state.weight();
-            answer.chosen = state.chosen();
-        }
+        state.set(nearest_directions(found.values, master.num_choices()));
+        known.offer(state.chosen(), state.weight());
         const bool more_cuts = master.add_cuts_broken_by(found.values, 1e-4) > 0;
         if (!finished || !more_cuts) {
             return !finished;

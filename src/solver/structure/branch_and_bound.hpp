@@ -5,20 +5,19 @@
 // counted for what they really reach; where they fall short, the cuts that they break
 // are added, and it is solved again. Ends when the two meet: there are finitely many
 // cuts. There are few where each round looks near the best directions known, so of
-// equals the program prefers those (cut_master.hpp). Rounds are bounded by a number of nodes where the caller asks for
-// it.
+// equals the program prefers those (cut_master.hpp). Rounds are bounded by a number of
+// nodes where the caller asks for it.
 #pragma once
 
-#include "solver/structure/contested_search.hpp"
 #include "solver/structure/cut_master.hpp"
+#include "solver/structure/known_answer.hpp"
 #include "solver/structure/shared_state.hpp"
 
 namespace solver {
 
-// Improves the answer's directions and bound until they meet, the bound falls below
-// goal, or the watch or the limit on nodes ends it. The state is used for counting.
-// False when more nodes would not help: the solver failed, or has no more to say.
-bool branch_and_bound(const contested_problem& problem, cut_master& master, shared_state& state, long goal,
-                      long max_nodes, const known_outside& outside, const solve_watch& watch, contested_answer& answer);
+// Improves what is known until it is done or the limit on nodes ends it. The state is used
+// for counting. False when more nodes would not help: the solver failed, or has no more to say.
+bool branch_and_bound(const contested_problem& problem, cut_master& master, shared_state& state, long max_nodes,
+                      const solve_watch& watch, known_answer& known);
 
 }  // namespace solver

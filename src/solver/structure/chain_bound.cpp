@@ -21,50 +21,10 @@ constexpr int rounds_without_hulls = 4;
 
 }  // namespace
 
-chain_bound::layout chain_bound::lay_out(const contested_problem& problem) {
-    layout made;
-    made.pairs = lay_out_pairs(problem);
-    const int num_gates = 2 * problem.num_choices();
-    std::map<std::pair<int, int>, int> known;
-    for (std::size_t p = 0; p < problem.pairs.size(); ++p) {
-        const pair_net& net = problem.pairs[p];
-        pair_net& split = made.nets.emplace_back(pair_net{2, net.weight, {}});
-        if (made.pairs.pair_columns[p] < 0) {
-            continue;
-        }
-        std::vector<int> entry(net.arcs.size(), net_root);
-        std::vector<int> exit(net.arcs.size(), net_target);
-        for (std::size_t a = 0; a < net.arcs.size(); ++a) {
-            entry[a] = net.arcs[a].tail == net_root ? net_root : split.num_nodes++;
-            exit[a] = net.arcs[a].head == net_target ? net_target : split.num_nodes++;
-        }
-        for (std::size_t a = 0; a < net.arcs.size(); ++a) {
-            split.arcs.push_back({entry[a], exit[a], net.arcs[a].gate});
-            for (std::size_t b = 0; b < net.arcs.size(); ++b) {
-                if (net.arcs[a].head != net.arcs[b].tail) {
-                    continue;
-                }
-                int gate = open_gate;
-                if (net.arcs[a].gate != open_gate && net.arcs[b].gate != open_gate) {
-                    const auto key = std::minmax(net.arcs[a].gate, net.arcs[b].gate);
-                    const auto [found, is_new] = known.try_emplace(key, static_cast<int>(made.transitions.size()));
-                    if (is_new) {
-                        made.transitions.push_back({key.first, key.second});
-                        made.pairs.weights.push_back(0.0);
-                    }
-                    gate = num_gates + found->second;
-                }
-                split.arcs.push_back({exit[a], entry[b], gate});
-            }
-        }
-    }
-    return made;
-}
-
 chain_bound::chain_bound(const contested_problem& problem, const solve_watch& watch)
-    : chain_bound(problem, lay_out(problem), watch) {}
+    : chain_bound(problem, lay_out_chains(problem), watch) {}
 
-chain_bound::chain_bound(const contested_problem& problem, layout made, const solve_watch& watch)
+chain_bound::chain_bound(const contested_problem& problem, chain_layout made, const solve_watch& watch)
     : watch_(watch),
       num_gates_(2 * problem.num_choices()),
       pair_columns_(std::move(made.pairs.pair_columns)),

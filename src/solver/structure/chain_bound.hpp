@@ -16,7 +16,7 @@
 
 #include <vector>
 
-#include "solver/structure/cut_master.hpp"
+#include "solver/structure/chain_layout.hpp"
 
 namespace solver {
 
@@ -35,19 +35,7 @@ class chain_bound {
     const row_program& program() const { return program_; }
 
  private:
-    struct transition {
-        int first_gate;
-        int second_gate;
-    };
-    // What each pair's network becomes when its arcs are nodes; gates beyond those of the
-    // choices are transitions.
-    struct layout {
-        pair_layout pairs;
-        std::vector<pair_net> nets;
-        std::vector<transition> transitions;
-    };
-    static layout lay_out(const contested_problem& problem);
-    chain_bound(const contested_problem& problem, layout made, const solve_watch& watch);
+    chain_bound(const contested_problem& problem, chain_layout made, const solve_watch& watch);
 
     void add_cut(int pair, const gate_cut& cut);
     int add_cuts(const std::vector<double>& gate_values);

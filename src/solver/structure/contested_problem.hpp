@@ -51,6 +51,10 @@ struct contested_problem {
     long total_weight() const;
 };
 
+// The directions nearest to values in [0, 1] of the choices, 1 = gate 2c; of what follows
+// the choices nothing is read.
+directions nearest_directions(const std::vector<double>& values, int num_choices);
+
 // What is decided about a gate.
 enum class gate_state : char { contested, open, closed };
 

@@ -11,6 +11,7 @@ namespace {
 // Far above the solver's tolerance on reduced costs, 1e-7; the bound may miss so much for
 // every choice that is between 0 and 1.
 constexpr double leaning = 1e-5;
+constexpr double whole_tolerance = 1e-6;  // of a value of the linear program
 
 }  // namespace
 
@@ -64,6 +65,19 @@ void cut_master::lean_towards(const directions& chosen) {
     for (int c = 0; c < num_choices(); ++c) {
         program_.favour(c, chosen[at(c)] == 0 ? leaning : -leaning);
     }
+}
+
+bool cut_master::is_fractional(int choice) const {
+    const double value = program_.value(choice);
+    return value > whole_tolerance && value < 1.0 - whole_tolerance;
+}
+
+long cut_master::num_fractional() const {
+    long count = 0;
+    for (int c = 0; c < num_choices(); ++c) {
+        count += is_fractional(c) ? 1 : 0;
+    }
+    return count;
 }
 
 void cut_master::add_cut(int pair, const gate_cut& cut) {

@@ -47,7 +47,8 @@ class cut_master {
 
     // Choices come first among the columns.
     const row_program& program() const { return program_; }
-    double choice_value(int choice) const { return program_.value(choice); }
+    bool is_fractional(int choice) const;
+    long num_fractional() const;
 
     // Adds the cuts that the values of the last solve break; their number. Not all of
     // them when stopped.

@@ -11,13 +11,13 @@
 #include "solver/structure/cut_master.hpp"
 #include "solver/structure/fix_choices.hpp"
 #include "solver/structure/index.hpp"
+#include "solver/structure/known_answer.hpp"
 #include "solver/structure/local_search.hpp"
 #include "solver/structure/value_search.hpp"
 
 namespace solver {
 namespace {
 
-constexpr double whole_tolerance = 1e-6;  // of a value of the linear program
 constexpr double cut_tolerance = 1e-4;
 constexpr long small_gap = 5;  // that branch and bound may close on a problem of any size
 
@@ -48,119 +48,76 @@ class part_search {
           watch_(watch),
           state_(problem),
           master_(problem, watch),
+          known_(problem.total_weight(), plan.goal, outside, watch),
           every_choice_(problem.choices.size(), 1) {}
 
     contested_answer run() {
-        answer_.bound = problem_.total_weight();
-        answer_.chosen = state_.chosen();
-        answer_.weight = state_.weight();
         anneal_at_first();
         lean();
-        report("cuts");
+        known_.report("cuts");
         const bool is_hard = cut_rounds();
-        if (!done() && !is_hard) {
+        if (!is_hard) {
             anneal_fractional();
-        }
-        if (!done() && !is_hard && plan_.fixes) {
             close_on_smaller_problem(master_.program());
         }
-        if (!done() && !is_hard && (problem_.num_choices() < plan_.hard_choices || gap() <= small_gap)) {
+        if (!is_hard && (problem_.num_choices() < plan_.hard_choices || known_.gap() <= small_gap)) {
             branch(plan_.first_nodes);
         }
-        if (!done()) {
-            search_long(is_hard);
-        }
+        search_long(is_hard);
         take_last_values();
-        return answer_;
+        return known_.answer();
     }
 
  private:
-    bool done() const {
-        return answer_.weight >= answer_.bound || answer_.bound < plan_.goal || watch_.stop_requested();
-    }
-
-    long gap() const { return answer_.bound - answer_.weight; }
-
-    void keep_if_better(long weight, const directions& chosen) {
-        if (weight > answer_.weight) {
-            answer_.weight = weight;
-            answer_.chosen = chosen;
-        }
-    }
-    void keep_if_better() { keep_if_better(state_.weight(), state_.chosen()); }
-
-    void lower_bound_to(double proven) {
-        answer_.bound = std::min(answer_.bound, static_cast<long>(std::floor(proven + whole_tolerance)));
-    }
-
-    void report(const char* stage) const {
-        watch_.report({stage, static_cast<double>(outside_.weight + answer_.weight),
-                       static_cast<double>(outside_.bound + answer_.bound)});
-    }
-
     // Solves, rounds and cuts until no cut is broken, or until it shows that this program
     // will not come near: then true.
     bool cut_rounds() {
         double work = 0.0;
         for (int round = 0;; ++round) {
-            if (done() || !master_.solve()) {
+            if (known_.done() || !master_.solve()) {
                 return false;
             }
-            lower_bound_to(master_.program().bound());
+            known_.lower_bound_to(master_.program().bound());
             try_rounding(master_.program());
-            report("cuts");
+            known_.report("cuts");
             work += master_.program().work();
-            if (work > patient_work && !done()) {
+            if (work > patient_work) {
                 take_values(std::lround(moves_per_work * master_.program().work()));
             }
             lean();
-            if (master_.program().ran_into_limit()) {
-                return true;
+            if (master_.program().ran_into_limit() || (round > 0 && is_mostly_fractional())) {
+                return !known_.done();
             }
-            if (!done() && round > 0 && problem_.num_choices() >= plan_.hard_choices &&
-                static_cast<double>(fractional_choices()) > plan_.hard_share * problem_.num_choices()) {
-                return true;
-            }
-            if (done() || master_.add_broken_cuts(cut_tolerance) == 0) {
+            if (known_.done() || master_.add_broken_cuts(cut_tolerance) == 0) {
                 return false;
             }
         }
     }
 
-    bool is_fractional(int choice) const {
-        const double value = master_.choice_value(choice);
-        return value > whole_tolerance && value < 1.0 - whole_tolerance;
-    }
-
-    long fractional_choices() const {
-        long count = 0;
-        for (int c = 0; c < problem_.num_choices(); ++c) {
-            count += is_fractional(c) ? 1 : 0;
-        }
-        return count;
+    bool is_mostly_fractional() const {
+        return problem_.num_choices() >= plan_.hard_choices &&
+               static_cast<double>(master_.num_fractional()) > plan_.hard_share * problem_.num_choices();
     }
 
     void lean() {
-        if (answer_.weight > leaning_weight_) {
-            leaning_weight_ = answer_.weight;
-            master_.lean_towards(answer_.chosen);
+        if (known_.weight() > leaning_weight_) {
+            leaning_weight_ = known_.weight();
+            master_.lean_towards(known_.chosen());
         }
     }
 
     void try_rounding(const row_program& program) {
-        directions chosen(problem_.choices.size());
-        for (int c = 0; c < problem_.num_choices(); ++c) {
-            chosen[at(c)] = program.value(c) >= 0.5 ? 0 : 1;
-        }
-        state_.set(chosen);
-        keep_if_better();
+        state_.set(nearest_directions(program.values(), problem_.num_choices()));
+        offer_state();
     }
+
+    void offer_state() { known_.offer(state_.chosen(), state_.weight()); }
 
     // From where the state stands; every run has a seed of its own.
     void anneal_choices(const std::vector<char>& movable, long moves, double first_temperature) {
-        anneal(state_, movable, {moves, first_temperature, 0.1, ++seed_}, answer_.bound, watch_);
-        keep_if_better();
-        report("local search");
+        anneal(state_, movable, {moves, first_temperature, 0.1, ++seed_}, known_.answer().bound, watch_);
+        offer_state();
+        known_.report("local search");
     }
 
     void anneal_at_first() {
@@ -174,33 +131,32 @@ class part_search {
     }
 
     void anneal_fractional() {
+        if (known_.done()) {
+            return;
+        }
         std::vector<char> movable(problem_.choices.size());
         for (int c = 0; c < problem_.num_choices(); ++c) {
-            movable[at(c)] = is_fractional(c) ? 1 : 0;
+            movable[at(c)] = master_.is_fractional(c) ? 1 : 0;
         }
         try_rounding(master_.program());
-        for (int run = 0; run < 4 && !done(); ++run) {
-            anneal_choices(movable, 500 * fractional_choices(), 0.5);
+        for (int run = 0; run < 4 && !known_.done(); ++run) {
+            anneal_choices(movable, 500 * master_.num_fractional(), 0.5);
         }
-        if (!done()) {
-            state_.set(answer_.chosen);
+        if (!known_.done()) {
+            state_.set(known_.chosen());
             anneal_choices(every_choice_, 20L * problem_.num_choices(), 0.2);
         }
     }
 
-    bool branch(long max_nodes) {
-        return branch_and_bound(problem_, master_, state_, plan_.goal, max_nodes, outside_, watch_, answer_);
-    }
+    bool branch(long max_nodes) { return branch_and_bound(problem_, master_, state_, max_nodes, watch_, known_); }
 
     void search_long(bool is_hard) {
         if (!is_hard) {
             take_values(moves_without_cuts * problem_.num_choices());  // which may find all that was missing
         }
-        if (!done()) {
-            tighten();
-        }
+        tighten();
         bool goes_on = true;
-        for (long nodes = plan_.first_nodes; goes_on && !done(); nodes *= 2) {
+        for (long nodes = plan_.first_nodes; goes_on && !known_.done(); nodes *= 2) {
             goes_on = branch(nodes);
             take_values(moves_per_branching * problem_.num_choices());
         }
@@ -208,72 +164,72 @@ class part_search {
 
     // The best of so many more moves of the other thread, which begins when first asked.
     void take_values(long more_moves) {
+        if (known_.done()) {
+            return;
+        }
         if (!values_) {
-            values_.emplace(problem_, found_directions{answer_.chosen, answer_.weight}, answer_.bound, watch_);
+            values_.emplace(problem_, found_directions{known_.chosen(), known_.weight()}, known_.answer().bound,
+                            watch_);
         }
         moves_taken_ += more_moves;
         const found_directions& found = values_->best_of(moves_taken_);
-        keep_if_better(found.weight, found.chosen);
-        report("local search");
+        known_.offer(found.chosen, found.weight);
+        known_.report("local search");
     }
 
     // All that the other thread has found when a stop was requested.
     void take_last_values() {
         if (values_ && watch_.stop_requested()) {
             const found_directions& found = values_->best_of(std::numeric_limits<long>::max());
-            keep_if_better(found.weight, found.chosen);
+            known_.offer(found.chosen, found.weight);
         }
     }
 
     // Bounds by the tighter program, until the bound rests.
     void tighten() {
+        if (known_.done()) {
+            return;
+        }
         chain_bound chains(problem_, watch_);
         int rests = 0;
-        while (rests < resting_rounds) {
+        while (rests < resting_rounds && !known_.done()) {
             const double before = chains.bound();
             const bool has_more = chains.improve();
             if (chains.bound() == infinity) {
                 return;
             }
-            lower_bound_to(chains.bound());
+            known_.lower_bound_to(chains.bound());
             try_rounding(chains.program());
-            report("tighter cuts");
-            if (done() || !has_more) {
+            known_.report("tighter cuts");
+            if (!has_more) {
                 break;
             }
             rests = before - chains.bound() < resting_share * chains.bound() ? rests + 1 : 0;
             take_values(std::lround(moves_per_work * chains.program().work()) +
                         moves_per_tightening * problem_.num_choices());
-            if (done()) {
-                break;
-            }
         }
-        if (!done() && plan_.fixes) {
-            close_on_smaller_problem(chains.program());
-        }
+        close_on_smaller_problem(chains.program());
     }
 
     // Searches what is left when what every better answer has in common is fixed.
     void close_on_smaller_problem(const row_program& program) {
-        const std::optional<settled_problem> fixed = fix_choices(problem_, program, answer_.weight);
-        if (!fixed) {
+        if (known_.done() || !plan_.fixes) {
             return;
         }
-        const settled_problem& rest = *fixed;
+        const std::optional<settled_problem> rest = fix_choices(problem_, program, known_.weight());
+        if (!rest) {
+            return;
+        }
         search_plan plan = plan_;
-        plan.goal = std::max(plan_.goal, answer_.weight + 1) - rest.satisfied_weight;
-        const known_outside outside = {outside_.weight + rest.satisfied_weight, outside_.bound + rest.satisfied_weight};
-        const contested_answer best = search_contested(rest.contested, plan, outside, watch_);
-        directions chosen = rest.decided;
-        for (int c = 0; c < rest.contested.num_choices(); ++c) {
-            chosen[at(rest.contested.choices[at(c)])] = best.chosen[at(c)];
-        }
-        for (signed char& side : chosen) {
-            side = std::max<signed char>(side, 0);  // what nothing uses any more
-        }
+        plan.goal = std::max(plan_.goal, known_.weight() + 1) - rest->satisfied_weight;
+        const known_outside outside = {outside_.weight + rest->satisfied_weight,
+                                       outside_.bound + rest->satisfied_weight};
+        const contested_answer best = search_contested(rest->contested, plan, outside, watch_);
+        directions chosen = complete(*rest, best.chosen);
+        std::replace(chosen.begin(), chosen.end(), static_cast<signed char>(-1), static_cast<signed char>(0));
         state_.set(chosen);
-        keep_if_better();
-        answer_.bound = std::min(answer_.bound, std::max(answer_.weight, rest.satisfied_weight + best.bound));
+        offer_state();
+        known_.lower_bound_on_better_to(static_cast<double>(rest->satisfied_weight + best.bound));
     }
 
     const contested_problem& problem_;
@@ -282,12 +238,12 @@ class part_search {
     const solve_watch& watch_;
     shared_state state_;
     cut_master master_;
+    known_answer known_;
     const std::vector<char> every_choice_;
     std::uint64_t seed_ = 0;
     long leaning_weight_ = -1;  // of the directions that the program leans towards
     long moves_taken_ = 0;      // of the search for values
     std::optional<value_search> values_;
-    contested_answer answer_;
 };
 
 }  // namespace

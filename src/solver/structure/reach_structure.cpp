@@ -3,29 +3,18 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <cstdint>
 #include <numeric>
-#include <string_view>
 #include <utility>
 
 #include "solver/structure/index.hpp"
+#include "solver/structure/name_order.hpp"
+#include "solver/structure/topological_order.hpp"
 
 namespace solver {
 namespace {
 
 constexpr int none = -1;
 constexpr double largest_weight = 1e9;  // sums of weights stay exact in a double
-
-// FNV-1a with a final mix: neighbouring names land far apart.
-std::uint64_t hash_of(std::string_view name) {
-    std::uint64_t hash = 14695981039346656037ULL;
-    for (const char character : name) {
-        hash = (hash ^ static_cast<unsigned char>(character)) * 1099511628211ULL;
-    }
-    hash ^= hash >> 33;
-    hash *= 0xff51afd7ed558ccdULL;
-    return hash ^ (hash >> 33);
-}
 
 // Reads the rows once to tell gates, flows and demands apart, and a second time to
 // tie them to one another. Every step returns false when the model does not fit.
@@ -99,11 +88,7 @@ class structure_finder {
             gate_of_[at(columns[i])] = 0;
         }
         if (size == 2) {
-            const std::string_view first = record_.column_names[at(gates[0])];
-            const std::string_view second = record_.column_names[at(gates[1])];
-            const std::uint64_t first_hash = hash_of(first);
-            const std::uint64_t second_hash = hash_of(second);
-            if (second_hash < first_hash || (second_hash == first_hash && second < first)) {
+            if (stands_before(record_.column_names[at(gates[1])], record_.column_names[at(gates[0])])) {
                 std::swap(gates[0], gates[1]);
             }
         }
@@ -226,38 +211,9 @@ class structure_finder {
         return true;
     }
 
-    // Kahn's topological sort; false when some flow can feed itself.
+    // False when some flow can feed itself.
     bool order_nodes() {
-        const int num_nodes = static_cast<int>(node_size_.size());
-        std::vector<int> missing(node_size_.size(), 0);
-        std::vector<int> first_leaving(node_size_.size() + 1, 0);
-        for (std::size_t a = 0; a < found_.arc_tail.size(); ++a) {
-            if (found_.arc_tail[a] != none) {
-                ++missing[at(found_.arc_head[a])];
-                ++first_leaving[at(found_.arc_tail[a]) + 1];
-            }
-        }
-        std::partial_sum(first_leaving.begin(), first_leaving.end(), first_leaving.begin());
-        std::vector<int> leaving(at(first_leaving.back()));
-        std::vector<int> next = first_leaving;
-        for (std::size_t a = 0; a < found_.arc_tail.size(); ++a) {
-            if (found_.arc_tail[a] != none) {
-                leaving[at(next[at(found_.arc_tail[a])]++)] = found_.arc_head[a];
-            }
-        }
-        for (int v = 0; v < num_nodes; ++v) {
-            if (missing[at(v)] == 0) {
-                found_.node_order.push_back(v);
-            }
-        }
-        for (std::size_t i = 0; i < found_.node_order.size(); ++i) {
-            const int v = found_.node_order[i];
-            for (int l = first_leaving[at(v)]; l < first_leaving[at(v) + 1]; ++l) {
-                if (--missing[at(leaving[at(l)])] == 0) {
-                    found_.node_order.push_back(leaving[at(l)]);
-                }
-            }
-        }
+        found_.node_order = topological_order(static_cast<int>(node_size_.size()), found_.arc_tail, found_.arc_head);
         return found_.node_order.size() == node_size_.size();
     }
 

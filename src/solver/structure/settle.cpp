@@ -230,4 +230,12 @@ settled_problem settle(contested_problem problem, std::vector<gate_state> gates,
     return settler(problem, gates, steps).run();
 }
 
+directions complete(const settled_problem& settled, const directions& of_rest) {
+    directions chosen = settled.decided;
+    for (int c = 0; c < settled.contested.num_choices(); ++c) {
+        chosen[at(settled.contested.choices[at(c)])] = of_rest[at(c)];
+    }
+    return chosen;
+}
+
 }  // namespace solver

@@ -13,14 +13,9 @@ solve_answer solve_by_structure(const reach_structure& structure, int num_column
     watch.report({"reduce", static_cast<double>(reduced.satisfied_weight), infinity});
     const contested_answer best =
         search_contested(reduced.contested, {}, {reduced.satisfied_weight, reduced.satisfied_weight}, watch);
-    directions chosen = reduced.decided;
-    for (int c = 0; c < reduced.contested.num_choices(); ++c) {
-        chosen[static_cast<std::size_t>(reduced.contested.choices[static_cast<std::size_t>(c)])] =
-            best.chosen[static_cast<std::size_t>(c)];
-    }
     solve_answer answer;
     answer.status = best.weight >= best.bound ? solve_status::optimal : solve_status::feasible;
-    answer.values = values_of(structure, chosen, num_columns);
+    answer.values = values_of(structure, complete(reduced, best.chosen), num_columns);
     answer.objective = structure.objective_constant + static_cast<double>(reduced.satisfied_weight + best.weight);
     answer.bound = structure.objective_constant + static_cast<double>(reduced.satisfied_weight + best.bound);
     return answer;
