@@ -10,13 +10,17 @@ namespace solver {
 
 chain_layout lay_out_chains(const contested_problem& problem) {
     chain_layout made;
-    made.pairs = lay_out_pairs(problem);
-    const int num_gates = 2 * problem.num_choices();
+    pair_layout pairs = lay_out_pairs(problem);
+    made.weights = std::move(pairs.weights);
+    made.constant = pairs.constant;
+    made.pair_columns = std::move(pairs.pair_columns);
+    made.num_choices = problem.num_choices();
+    made.first_transition = static_cast<int>(made.weights.size());
     std::map<std::pair<int, int>, int> known;
     for (std::size_t p = 0; p < problem.pairs.size(); ++p) {
         const pair_net& net = problem.pairs[p];
         pair_net& split = made.nets.emplace_back(pair_net{2, net.weight, {}});
-        if (made.pairs.pair_columns[p] < 0) {
+        if (made.pair_columns[p] < 0) {
             continue;
         }
         std::vector<int> entry(net.arcs.size(), net_root);
@@ -34,12 +38,12 @@ chain_layout lay_out_chains(const contested_problem& problem) {
                 int gate = open_gate;
                 if (net.arcs[a].gate != open_gate && net.arcs[b].gate != open_gate) {
                     const auto key = std::minmax(net.arcs[a].gate, net.arcs[b].gate);
-                    const auto [found, is_new] = known.try_emplace(key, static_cast<int>(made.transitions.size()));
+                    const auto [found, is_new] = known.try_emplace(key, made.num_transitions());
                     if (is_new) {
                         made.transitions.push_back({key.first, key.second});
-                        made.pairs.weights.push_back(0.0);
+                        made.weights.push_back(0.0);
                     }
-                    gate = num_gates + found->second;
+                    gate = made.num_gates() + found->second;
                 }
                 split.arcs.push_back({exit[a], entry[b], gate});
             }

@@ -81,24 +81,26 @@ bool row_program::solve() {
     }
     // Any duals prove a bound, those of an unfinished solve too.
     values_.resize(weights_.size());
-    std::vector<double> duals(rows_.size());
-    Highs_getSolution(highs_.get(), values_.data(), nullptr, nullptr, duals.data());
-    prove_bound(duals);
+    multipliers_.resize(rows_.size());
+    Highs_getSolution(highs_.get(), values_.data(), nullptr, nullptr, multipliers_.data());
+    for (double& multiplier : multipliers_) {
+        multiplier = std::max(0.0, -multiplier);
+    }
+    prove_bound();
     return true;
 }
 
 // Rows count their right side, columns the best that 0 and 1 leave of their weight.
-void row_program::prove_bound(const std::vector<double>& duals) {
+void row_program::prove_bound() {
     bound_ = constant_;
     reduced_ = weights_;
     for (std::size_t r = 0; r < rows_.size(); ++r) {
-        const double multiplier = std::max(0.0, -duals[r]);
-        if (multiplier == 0.0) {
+        if (multipliers_[r] == 0.0) {
             continue;
         }
-        bound_ += multiplier * rows_[r].upper;
+        bound_ += multipliers_[r] * rows_[r].upper;
         for (std::size_t t = 0; t < rows_[r].columns.size(); ++t) {
-            reduced_[at(rows_[r].columns[t])] -= multiplier * rows_[r].values[t];
+            reduced_[at(rows_[r].columns[t])] -= multipliers_[r] * rows_[r].values[t];
         }
     }
     for (const double weight : reduced_) {

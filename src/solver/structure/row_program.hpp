@@ -49,6 +49,11 @@ class row_program {
     // it prefers: positive for 1.
     double preference(int column) const { return reduced_[static_cast<std::size_t>(column)]; }
 
+    // What the last solve charges for a row, at least 0; 0 for a row added since.
+    double multiplier(int row) const {
+        return static_cast<std::size_t>(row) < multipliers_.size() ? multipliers_[static_cast<std::size_t>(row)] : 0.0;
+    }
+
     const std::vector<program_row>& rows() const { return rows_; }
     const std::vector<double>& weights() const { return weights_; }
     double constant() const { return constant_; }
@@ -57,7 +62,7 @@ class row_program {
 
  private:
     void pass_new_rows();
-    void prove_bound(const std::vector<double>& duals);
+    void prove_bound();
 
     highs_handle highs_;
     std::vector<double> weights_;
@@ -66,6 +71,7 @@ class row_program {
     std::size_t rows_passed_ = 0;
     std::vector<double> values_;
     std::vector<double> reduced_;  // by column: weight less what the rows charge
+    std::vector<double> multipliers_;
     bool is_loose_ = false;
     long num_entries_ = 0;
     double work_ = 0.0;

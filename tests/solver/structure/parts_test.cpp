@@ -1,10 +1,12 @@
 // The search's parts against plain ways to do the same.
 #include <algorithm>
+#include <cmath>
 #include <numeric>
 #include <random>
 
 #include <gtest/gtest.h>
 
+#include "solver/structure/chain_bound.hpp"
 #include "solver/structure/cut_master.hpp"
 #include "solver/structure/local_search.hpp"
 #include "solver/structure/random_reach.hpp"
@@ -109,6 +111,61 @@ TEST(cuts, of_both_directions_of_a_choice_are_no_rows) {
     EXPECT_EQ(master.add_cuts_broken_by({0.25, 0.75, 1.5, 1.0}, 1e-6), 1);
     ASSERT_TRUE(master.solve());
     EXPECT_NEAR(master.program().bound(), 2.0, 1e-6);
+}
+
+// The values that directions give to every column of the tighter program.
+std::vector<double> columns_of(const contested_problem& problem, const chain_layout& layout, shared_state& state) {
+    std::vector<double> values(layout.weights.size(), 1.0);
+    for (int c = 0; c < layout.num_choices; ++c) {
+        values[static_cast<std::size_t>(c)] = state.is_open(2 * c) ? 1.0 : 0.0;
+    }
+    for (const int node : state.missed()) {
+        const int column =
+            layout.pair_columns[static_cast<std::size_t>(problem.shared.nodes[static_cast<std::size_t>(node)].pair)];
+        if (column >= 0) {
+            values[static_cast<std::size_t>(column)] = 0.0;
+        }
+    }
+    for (int k = 0; k < layout.num_transitions(); ++k) {
+        const auto [first, second] = layout.transitions[static_cast<std::size_t>(k)];
+        const bool both = state.is_open(first) && state.is_open(second);
+        values[static_cast<std::size_t>(layout.transition_column(k))] = both ? 1.0 : 0.0;
+    }
+    return values;
+}
+
+TEST(tighter_program, has_no_row_that_any_directions_break) {
+    std::mt19937 random(7);
+    int num_hull_rows = 0;
+    for (unsigned seed = 0; seed < 10; ++seed) {
+        SCOPED_TRACE(seed);
+        const contested_problem problem = draw_problem(seed);
+        const chain_layout layout = lay_out_chains(problem);
+        const solve_watch watch;
+        chain_bound chains(problem, watch);
+        for (int round = 0; round < 8 && chains.improve(); ++round) {
+        }
+        shared_state state(problem);
+        directions chosen(problem.choices.size());
+        for (int draw = 0; draw < 200; ++draw) {
+            std::generate(chosen.begin(), chosen.end(), [&random] { return static_cast<signed char>(random() % 2); });
+            state.set(chosen);
+            const std::vector<double> values = columns_of(problem, layout, state);
+            for (const program_row& row : chains.program().rows()) {
+                double sum = 0.0;
+                for (std::size_t i = 0; i < row.columns.size(); ++i) {
+                    sum += row.values[i] * values[static_cast<std::size_t>(row.columns[i])];
+                }
+                ASSERT_LE(sum, row.upper + 1e-9);
+            }
+        }
+        num_hull_rows += static_cast<int>(
+            std::count_if(chains.program().rows().begin(), chains.program().rows().end(), [](const program_row& row) {
+                return std::any_of(row.values.begin(), row.values.end(),
+                                   [](double value) { return value != std::round(value); });
+            }));
+    }
+    EXPECT_GT(num_hull_rows, 100);
 }
 
 TEST(shared_weight, follows_every_turn_and_is_back_after_one_that_loses_too_much) {
