@@ -82,25 +82,29 @@ void chain_bound::add_triangles(const std::vector<double>& transition_values) {
     }
 }
 
+// Of the gates of the choices, and then of the transitions.
+std::vector<double> chain_bound::gate_values() const {
+    std::vector<double> values(at(layout_.num_gates() + layout_.num_transitions()));
+    for (int c = 0; c < layout_.num_choices; ++c) {
+        values[at(2 * c)] = std::clamp(program_.value(c), 0.0, 1.0);
+        values[at(2 * c + 1)] = 1.0 - values[at(2 * c)];
+    }
+    for (int k = 0; k < layout_.num_transitions(); ++k) {
+        values[at(layout_.num_gates() + k)] = std::clamp(program_.value(layout_.transition_column(k)), 0.0, 1.0);
+    }
+    return values;
+}
+
 bool chain_bound::improve() {
     if (!program_.solve()) {
         return false;
     }
     const double before = bound_;
     bound_ = std::min(bound_, program_.bound());
-    std::vector<double> gate_values;
-    for (int gate = 0; gate < layout_.num_gates(); ++gate) {
-        const double value = std::clamp(program_.value(gate / 2), 0.0, 1.0);
-        gate_values.push_back(gate % 2 == 0 ? value : 1.0 - value);
-    }
-    std::vector<double> transition_values;
-    for (int k = 0; k < layout_.num_transitions(); ++k) {
-        transition_values.push_back(std::clamp(program_.value(layout_.transition_column(k)), 0.0, 1.0));
-    }
-    gate_values.insert(gate_values.end(), transition_values.begin(), transition_values.end());
+    const std::vector<double> values = gate_values();
     const int num_rows = program_.num_rows();
-    add_cuts(gate_values);
-    add_triangles(transition_values);
+    add_cuts(values);
+    add_triangles({values.begin() + layout_.num_gates(), values.end()});
     if (++rounds_ > rounds_without_hulls || program_.num_rows() == num_rows) {
         for (program_row& row : hulls_.broken_rows(program_, cuts_, hull_choices_)) {
             program_.add_row(std::move(row));

@@ -34,6 +34,7 @@ class chain_bound {
     const row_program& program() const { return program_; }
 
  private:
+    std::vector<double> gate_values() const;
     void add_cut(int pair, const gate_cut& cut);
     void add_cuts(const std::vector<double>& gate_values);
     void add_triangles(const std::vector<double>& transition_values);
