@@ -6,10 +6,13 @@
 // made to exclude one another as no directions can. So the choices of a cut with a positive
 // multiplier are a group, enlarged by the choices that share the most transition value with
 // it. Conditional are the transitions within the group, and the pairs that some directions
-// of it leave without a chain, all other choices open both ways.
+// of it leave without a chain, all other choices open both ways: so a pair is denied only
+// what no directions of the others could give it, and every row holds.
 //
-// Bounded: most_groups groups, and the hull of each is one small program. A group whose
-// hull holds the values is passed over the next time.
+// Groups around what the bound rests on are this program's own idea; cuts from hulls of
+// small subsets are those of local cuts (Applegate, Bixby, Chvatal and Cook 2001). Bounded:
+// most_groups groups, and the hull of each is one small program. A group whose hull holds
+// the values is passed over the next time.
 #pragma once
 
 #include <map>

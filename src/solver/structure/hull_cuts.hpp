@@ -8,7 +8,7 @@
 // the choices and falling short of no conditional by more than theta; theta is minimised
 // (target cuts, Buchheim, Liers and Oswald 2008). The row's right side is recomputed as
 // its largest value over all directions, so whatever the small program's tolerance, the
-// row is valid.
+// row is valid. Bounded: by 2^most_hull_choices columns.
 #pragma once
 
 #include <bitset>
