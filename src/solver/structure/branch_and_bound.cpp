@@ -20,26 +20,15 @@ void pass_program(const cut_master& master, const directions& chosen, const high
         weights[at(c)] += chosen[at(c)] == 0 ? worth : -worth;
         constant += chosen[at(c)] == 0 ? 0.0 : worth;
     }
-    std::vector<HighsInt> starts;
-    std::vector<HighsInt> columns;
-    std::vector<double> values;
-    std::vector<double> row_upper;
-    for (const program_row& row : master.program().rows()) {
-        starts.push_back(static_cast<HighsInt>(columns.size()));
-        columns.insert(columns.end(), row.columns.begin(), row.columns.end());
-        values.insert(values.end(), row.values.begin(), row.values.end());
-        row_upper.push_back(row.upper);
-    }
-    starts.push_back(static_cast<HighsInt>(columns.size()));
-    const std::vector<double> row_lower(row_upper.size(), -infinity);
+    const flat_rows rows = flatten(master.program().rows(), 0);
     const std::vector<double> lower(at(master.program().num_columns()), 0.0);
     const std::vector<double> upper(at(master.program().num_columns()), 1.0);
     std::vector<HighsInt> integrality(at(master.program().num_columns()), 0);
     std::fill_n(integrality.begin(), master.num_choices(), 1);
-    Highs_passMip(highs.get(), master.program().num_columns(), static_cast<HighsInt>(row_upper.size()),
-                  static_cast<HighsInt>(columns.size()), kHighsMatrixFormatRowwise, kHighsObjSenseMaximize, constant,
-                  weights.data(), lower.data(), upper.data(), row_lower.data(), row_upper.data(), starts.data(),
-                  columns.data(), values.data(), integrality.data());
+    Highs_passMip(highs.get(), master.program().num_columns(), rows.num_rows(), rows.num_entries(),
+                  kHighsMatrixFormatRowwise, kHighsObjSenseMaximize, constant, weights.data(), lower.data(),
+                  upper.data(), rows.lower.data(), rows.upper.data(), rows.starts.data(), rows.columns.data(),
+                  rows.values.data(), integrality.data());
 }
 
 // The best directions known, as the solver's first incumbent.

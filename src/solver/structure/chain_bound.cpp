@@ -36,38 +36,17 @@ chain_bound::chain_bound(const contested_problem& problem, const solve_watch& wa
         }
     }
     program_.solve_loosely(tolerance_);
-    add_cuts(std::vector<double>(at(layout_.num_gates() + layout_.num_transitions()), 0.5));
+    // As if every pair were satisfied with all gates at one half.
+    add_cuts(std::vector<double>(at(layout_.num_gates() + layout_.num_transitions()), 0.5),
+             std::vector<double>(layout_.weights.size(), 1.0));
 }
 
-void chain_bound::add_cut(int pair, const gate_cut& cut) {
-    program_row row{{layout_.pair_columns[at(pair)]}, {1.0}, 0.0};
-    for (std::size_t i = 0; i < cut.size(); ++i) {
-        if (cut[i] >= layout_.num_gates()) {
-            row.columns.push_back(layout_.transition_column(cut[i] - layout_.num_gates()));
-            row.values.push_back(-1.0);
-            continue;
-        }
-        if (i + 1 < cut.size() && cut[i + 1] < layout_.num_gates() && cut[i] / 2 == cut[i + 1] / 2) {
-            return;  // both directions of a choice: one is always open
-        }
-        subtract_gate(row, cut[i]);
-    }
-    cuts_.push_back(program_.num_rows());
-    program_.add_row(std::move(row));
-}
-
-void chain_bound::add_cuts(const std::vector<double>& gate_values) {
-    std::vector<gate_cut> cuts;
-    for (std::size_t p = 0; p < layout_.nets.size() && !watch_.stop_requested(); ++p) {
-        if (layout_.pair_columns[p] < 0) {
-            continue;
-        }
-        const double needed = program_.values().empty() ? 1.0 : program_.value(layout_.pair_columns[p]);
-        cuts.clear();
-        find_cuts(layout_.nets[p], gate_values, needed, cut_tolerance, cuts);
-        for (const gate_cut& cut : cuts) {
-            add_cut(static_cast<int>(p), cut);
-        }
+void chain_bound::add_cuts(const std::vector<double>& gate_values, const std::vector<double>& values) {
+    const int before = program_.num_rows();
+    add_broken_cut_rows(program_, layout_.nets, layout_.pair_columns, gate_values, values, cut_tolerance,
+                        {layout_.num_gates(), layout_.first_transition}, watch_);
+    for (int row = before; row < program_.num_rows(); ++row) {
+        cuts_.push_back(row);
     }
 }
 
@@ -84,13 +63,9 @@ void chain_bound::add_triangles(const std::vector<double>& transition_values) {
 
 // Of the gates of the choices, and then of the transitions.
 std::vector<double> chain_bound::gate_values() const {
-    std::vector<double> values(at(layout_.num_gates() + layout_.num_transitions()));
-    for (int c = 0; c < layout_.num_choices; ++c) {
-        values[at(2 * c)] = std::clamp(program_.value(c), 0.0, 1.0);
-        values[at(2 * c + 1)] = 1.0 - values[at(2 * c)];
-    }
+    std::vector<double> values = gate_values_of(program_.values(), layout_.num_choices);
     for (int k = 0; k < layout_.num_transitions(); ++k) {
-        values[at(layout_.num_gates() + k)] = std::clamp(program_.value(layout_.transition_column(k)), 0.0, 1.0);
+        values.push_back(std::clamp(program_.value(layout_.transition_column(k)), 0.0, 1.0));
     }
     return values;
 }
@@ -103,7 +78,7 @@ bool chain_bound::improve() {
     bound_ = std::min(bound_, program_.bound());
     const std::vector<double> values = gate_values();
     const int num_rows = program_.num_rows();
-    add_cuts(values);
+    add_cuts(values, program_.values());
     add_triangles({values.begin() + layout_.num_gates(), values.end()});
     if (++rounds_ > rounds_without_hulls || program_.num_rows() == num_rows) {
         for (program_row& row : hulls_.broken_rows(program_, cuts_, hull_choices_)) {

@@ -35,8 +35,7 @@ class chain_bound {
 
  private:
     std::vector<double> gate_values() const;
-    void add_cut(int pair, const gate_cut& cut);
-    void add_cuts(const std::vector<double>& gate_values);
+    void add_cuts(const std::vector<double>& gate_values, const std::vector<double>& values);
     void add_triangles(const std::vector<double>& transition_values);
 
     const solve_watch& watch_;

@@ -5,7 +5,7 @@
 
 #include <vector>
 
-#include "solver/structure/cut_master.hpp"
+#include "solver/structure/pair_rows.hpp"
 
 namespace solver {
 

@@ -1,6 +1,5 @@
 #include "solver/structure/cut_master.hpp"
 
-#include <algorithm>
 #include <utility>
 
 #include "solver/structure/index.hpp"
@@ -14,30 +13,6 @@ constexpr double leaning = 1e-5;
 constexpr double whole_tolerance = 1e-6;  // of a value of the linear program
 
 }  // namespace
-
-pair_layout lay_out_pairs(const contested_problem& problem) {
-    pair_layout layout;
-    layout.weights.assign(problem.choices.size(), 0.0);
-    for (const pair_net& pair : problem.pairs) {
-        const auto weight = static_cast<double>(pair.weight);
-        if (pair.arcs.size() == 1) {
-            const int gate = pair.arcs.front().gate;
-            layout.weights[at(gate / 2)] += gate % 2 == 0 ? weight : -weight;
-            layout.constant += gate % 2 == 0 ? 0.0 : weight;
-            layout.pair_columns.push_back(-1);
-        } else {
-            layout.pair_columns.push_back(static_cast<int>(layout.weights.size()));
-            layout.weights.push_back(weight);
-        }
-    }
-    return layout;
-}
-
-void subtract_gate(program_row& row, int gate) {
-    row.columns.push_back(gate / 2);
-    row.values.push_back(gate % 2 == 0 ? -1.0 : 1.0);
-    row.upper += gate % 2;
-}
 
 cut_master::cut_master(const contested_problem& problem, const solve_watch& watch)
     : cut_master(problem, lay_out_pairs(problem), watch) {}
@@ -53,7 +28,7 @@ cut_master::cut_master(const contested_problem& problem, pair_layout layout, con
             cuts.clear();
             find_bottlenecks(problem.pairs[p], cuts);
             for (const gate_cut& cut : cuts) {
-                add_cut(static_cast<int>(p), cut);
+                add_cut_row(program_, pair_columns_[p], cut, gates());
             }
         }
     }
@@ -80,35 +55,10 @@ long cut_master::num_fractional() const {
     return count;
 }
 
-void cut_master::add_cut(int pair, const gate_cut& cut) {
-    program_row row{{pair_columns_[at(pair)]}, {1.0}, 0.0};
-    for (std::size_t i = 0; i < cut.size(); ++i) {
-        if (i + 1 < cut.size() && cut[i] / 2 == cut[i + 1] / 2) {
-            return;  // both directions of a choice: one is always open
-        }
-        subtract_gate(row, cut[i]);
-    }
-    program_.add_row(std::move(row));
-}
-
 int cut_master::add_cuts_broken_by(const std::vector<double>& values, double tolerance) {
-    std::vector<double> gate_values(2 * problem_.choices.size());
-    for (int c = 0; c < num_choices(); ++c) {
-        gate_values[at(2 * c)] = std::clamp(values[at(c)], 0.0, 1.0);
-        gate_values[at(2 * c + 1)] = 1.0 - gate_values[at(2 * c)];
-    }
     const int before = program_.num_rows();
-    std::vector<gate_cut> cuts;
-    for (std::size_t p = 0; p < problem_.pairs.size() && !watch_.stop_requested(); ++p) {
-        if (pair_columns_[p] < 0) {
-            continue;
-        }
-        cuts.clear();
-        find_cuts(problem_.pairs[p], gate_values, values[at(pair_columns_[p])], tolerance, cuts);
-        for (const gate_cut& cut : cuts) {
-            add_cut(static_cast<int>(p), cut);
-        }
-    }
+    add_broken_cut_rows(program_, problem_.pairs, pair_columns_, gate_values_of(values, num_choices()), values,
+                        tolerance, gates(), watch_);
     return program_.num_rows() - before;
 }
 

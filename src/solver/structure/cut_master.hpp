@@ -18,23 +18,9 @@
 
 #include <vector>
 
-#include "solver/structure/contested_problem.hpp"
-#include "solver/structure/row_program.hpp"
-#include "solver/structure/separate.hpp"
+#include "solver/structure/pair_rows.hpp"
 
 namespace solver {
-
-// Columns of a program of choices and pairs: the weight of a pair of one gate goes to
-// its choice, any other pair gets a column of its own.
-struct pair_layout {
-    std::vector<double> weights;
-    std::vector<int> pair_columns;
-    double constant = 0.0;
-};
-pair_layout lay_out_pairs(const contested_problem& problem);
-
-// Appends a gate's part of "... - gate" to a row over choices.
-void subtract_gate(program_row& row, int gate);
 
 class cut_master {
  public:
@@ -62,7 +48,7 @@ class cut_master {
 
  private:
     cut_master(const contested_problem& problem, pair_layout layout, const solve_watch& watch);
-    void add_cut(int pair, const gate_cut& cut);
+    gate_columns gates() const { return {2 * num_choices(), program_.num_columns()}; }
 
     const contested_problem& problem_;
     const solve_watch& watch_;

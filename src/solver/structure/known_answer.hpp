@@ -23,8 +23,8 @@ class known_answer {
     void offer(const directions& chosen, long weight);
     // No directions reach more than this.
     void lower_bound_to(double proven);
-    // No directions reach more than this and more than the weight: what a proof gives that
-    // asks for something better.
+    // No directions that reach more than the weight reach more than this: what a proof gives
+    // that asks for something better.
     void lower_bound_on_better_to(double proven);
 
     void report(const char* stage) const { report(stage, static_cast<double>(answer_.bound)); }

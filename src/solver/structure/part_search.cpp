@@ -225,9 +225,7 @@ class part_search {
         const known_outside outside = {outside_.weight + rest->satisfied_weight,
                                        outside_.bound + rest->satisfied_weight};
         const contested_answer best = search_contested(rest->contested, plan, outside, watch_);
-        directions chosen = complete(*rest, best.chosen);
-        std::replace(chosen.begin(), chosen.end(), static_cast<signed char>(-1), static_cast<signed char>(0));
-        state_.set(chosen);
+        state_.set(complete(*rest, best.chosen, known_.chosen()));
         offer_state();
         known_.lower_bound_on_better_to(static_cast<double>(rest->satisfied_weight + best.bound));
     }

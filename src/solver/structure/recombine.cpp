@@ -1,7 +1,10 @@
 #include "solver/structure/recombine.hpp"
 
-#include "solver/structure/freed_part.hpp"
+#include <utility>
+
+#include "solver/structure/index.hpp"
 #include "solver/structure/local_search.hpp"
+#include "solver/structure/settle.hpp"
 
 namespace solver {
 namespace {
@@ -14,18 +17,24 @@ constexpr double last_temperature = 0.15;
 
 long recombine(const contested_problem& problem, const directions& better, const directions& other, std::uint64_t seed,
                shared_state& state, const solve_watch& watch) {
-    std::vector<char> differs(better.size());
+    std::vector<gate_state> gates(2 * better.size(), gate_state::contested);
     for (std::size_t c = 0; c < better.size(); ++c) {
-        differs[c] = better[c] != other[c] ? 1 : 0;
+        if (better[c] == other[c]) {
+            open_and_close(gates, static_cast<int>(2 * c) + better[c]);
+        }
     }
-    const freed_part part = free_choices(problem, differs, better);
-    const contested_problem& rest = part.rest.contested;
+    const settled_problem settled = settle(problem, std::move(gates));
+    const contested_problem& rest = settled.contested;
+    directions start;
+    for (const int choice : rest.choices) {
+        start.push_back(better[at(choice)]);
+    }
     shared_state small(rest);
-    small.set(part.before());
+    small.set(start);
     const std::vector<char> movable(rest.choices.size(), 1);
     const long moves = moves_per_choice * rest.num_choices();
     anneal(small, movable, {moves, first_temperature, last_temperature, seed}, rest.total_weight(), watch);
-    state.set(part.with(small.chosen()));
+    state.set(complete(settled, small.chosen(), better));
     return moves;
 }
 

@@ -6,6 +6,20 @@
 #include "solver/structure/index.hpp"
 
 namespace solver {
+
+flat_rows flatten(const std::vector<program_row>& rows, std::size_t first) {
+    flat_rows flat;
+    for (std::size_t r = first; r < rows.size(); ++r) {
+        flat.starts.push_back(flat.num_entries());
+        flat.columns.insert(flat.columns.end(), rows[r].columns.begin(), rows[r].columns.end());
+        flat.values.insert(flat.values.end(), rows[r].values.begin(), rows[r].values.end());
+        flat.upper.push_back(rows[r].upper);
+    }
+    flat.starts.push_back(flat.num_entries());
+    flat.lower.assign(flat.upper.size(), -infinity);
+    return flat;
+}
+
 row_program::row_program(std::vector<double> weights, double constant, const solve_watch& watch)
     : highs_(watch), weights_(std::move(weights)), constant_(constant) {
     // Minimised, so that a row's dual has one sign whatever the solver's convention.
@@ -39,22 +53,13 @@ void row_program::limit_iterations(int limit) {
 }
 
 void row_program::pass_new_rows() {
-    std::vector<HighsInt> starts;
-    std::vector<HighsInt> columns;
-    std::vector<double> values;
-    std::vector<double> upper;
-    for (; rows_passed_ < rows_.size(); ++rows_passed_) {
-        const program_row& row = rows_[rows_passed_];
-        starts.push_back(static_cast<HighsInt>(columns.size()));
-        columns.insert(columns.end(), row.columns.begin(), row.columns.end());
-        values.insert(values.end(), row.values.begin(), row.values.end());
-        upper.push_back(row.upper);
+    if (rows_passed_ == rows_.size()) {
+        return;
     }
-    const std::vector<double> lower(upper.size(), -infinity);
-    if (!starts.empty()) {
-        Highs_addRows(highs_.get(), static_cast<HighsInt>(starts.size()), lower.data(), upper.data(),
-                      static_cast<HighsInt>(columns.size()), starts.data(), columns.data(), values.data());
-    }
+    const flat_rows flat = flatten(rows_, rows_passed_);
+    Highs_addRows(highs_.get(), flat.num_rows(), flat.lower.data(), flat.upper.data(), flat.num_entries(),
+                  flat.starts.data(), flat.columns.data(), flat.values.data());
+    rows_passed_ = rows_.size();
 }
 
 bool row_program::solve() {

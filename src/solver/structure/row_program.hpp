@@ -15,6 +15,18 @@ struct program_row {
     double upper = 0.0;
 };
 
+// Rows one after another, as HiGHS takes them.
+struct flat_rows {
+    std::vector<HighsInt> starts;
+    std::vector<HighsInt> columns;
+    std::vector<double> values;
+    std::vector<double> lower;  // none
+    std::vector<double> upper;
+    HighsInt num_rows() const { return static_cast<HighsInt>(upper.size()); }
+    HighsInt num_entries() const { return static_cast<HighsInt>(columns.size()); }
+};
+flat_rows flatten(const std::vector<program_row>& rows, std::size_t first);
+
 class row_program {
  public:
     // A constant is added to every objective and bound. The watch must outlive this.

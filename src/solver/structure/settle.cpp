@@ -230,12 +230,16 @@ settled_problem settle(contested_problem problem, std::vector<gate_state> gates,
     return settler(problem, gates, steps).run();
 }
 
-directions complete(const settled_problem& settled, const directions& of_rest) {
-    directions chosen = settled.decided;
-    for (int c = 0; c < settled.contested.num_choices(); ++c) {
-        chosen[at(settled.contested.choices[at(c)])] = of_rest[at(c)];
+directions complete(const settled_problem& settled, const directions& of_rest, directions around) {
+    for (std::size_t c = 0; c < around.size(); ++c) {
+        if (settled.decided[c] >= 0) {
+            around[c] = settled.decided[c];
+        }
     }
-    return chosen;
+    for (std::size_t c = 0; c < of_rest.size(); ++c) {
+        around[at(settled.contested.choices[c])] = of_rest[c];
+    }
+    return around;
 }
 
 }  // namespace solver

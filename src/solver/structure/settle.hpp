@@ -36,7 +36,8 @@ struct settled_problem {
 // Gates: what is decided beforehand.
 settled_problem settle(contested_problem problem, std::vector<gate_state> gates, const settle_steps& steps = {});
 
-// Directions for the problem given, from those of the contested rest; -1 = of no use.
-directions complete(const settled_problem& settled, const directions& of_rest);
+// Directions for the problem given: what is decided, the contested rest's, and for what is of
+// no use those around.
+directions complete(const settled_problem& settled, const directions& of_rest, directions around);
 
 }  // namespace solver

@@ -15,7 +15,8 @@ solve_answer solve_by_structure(const reach_structure& structure, int num_column
         search_contested(reduced.contested, {}, {reduced.satisfied_weight, reduced.satisfied_weight}, watch);
     solve_answer answer;
     answer.status = best.weight >= best.bound ? solve_status::optimal : solve_status::feasible;
-    answer.values = values_of(structure, complete(reduced, best.chosen), num_columns);
+    answer.values =
+        values_of(structure, complete(reduced, best.chosen, directions(reduced.decided.size(), -1)), num_columns);
     answer.objective = structure.objective_constant + static_cast<double>(reduced.satisfied_weight + best.weight);
     answer.bound = structure.objective_constant + static_cast<double>(reduced.satisfied_weight + best.bound);
     return answer;

@@ -8,6 +8,7 @@
 
 #include "solver/structure/chain_bound.hpp"
 #include "solver/structure/cut_master.hpp"
+#include "solver/structure/index.hpp"
 #include "solver/structure/local_search.hpp"
 #include "solver/structure/random_reach.hpp"
 #include "solver/structure/recombine.hpp"
@@ -114,22 +115,21 @@ TEST(cuts, of_both_directions_of_a_choice_are_no_rows) {
 }
 
 // The values that directions give to every column of the tighter program.
-std::vector<double> columns_of(const contested_problem& problem, const chain_layout& layout, shared_state& state) {
+std::vector<double> columns_of(const contested_problem& problem, const chain_layout& layout,
+                               const shared_state& state) {
     std::vector<double> values(layout.weights.size(), 1.0);
     for (int c = 0; c < layout.num_choices; ++c) {
-        values[static_cast<std::size_t>(c)] = state.is_open(2 * c) ? 1.0 : 0.0;
+        values[at(c)] = state.is_open(2 * c) ? 1.0 : 0.0;
     }
     for (const int node : state.missed()) {
-        const int column =
-            layout.pair_columns[static_cast<std::size_t>(problem.shared.nodes[static_cast<std::size_t>(node)].pair)];
+        const int column = layout.pair_columns[at(problem.shared.nodes[at(node)].pair)];
         if (column >= 0) {
-            values[static_cast<std::size_t>(column)] = 0.0;
+            values[at(column)] = 0.0;
         }
     }
     for (int k = 0; k < layout.num_transitions(); ++k) {
-        const auto [first, second] = layout.transitions[static_cast<std::size_t>(k)];
-        const bool both = state.is_open(first) && state.is_open(second);
-        values[static_cast<std::size_t>(layout.transition_column(k))] = both ? 1.0 : 0.0;
+        const auto [first, second] = layout.transitions[at(k)];
+        values[at(layout.transition_column(k))] = state.is_open(first) && state.is_open(second) ? 1.0 : 0.0;
     }
     return values;
 }
@@ -154,7 +154,7 @@ TEST(tighter_program, has_no_row_that_any_directions_break) {
             for (const program_row& row : chains.program().rows()) {
                 double sum = 0.0;
                 for (std::size_t i = 0; i < row.columns.size(); ++i) {
-                    sum += row.values[i] * values[static_cast<std::size_t>(row.columns[i])];
+                    sum += row.values[i] * values[at(row.columns[i])];
                 }
                 ASSERT_LE(sum, row.upper + 1e-9);
             }
