@@ -95,14 +95,13 @@ model_record draw_reach_model(unsigned seed, const reach_plan& plan) {
     return record;
 }
 
-double best_by_enumeration(const model_record& record) {
+void enumerate(const model_record& record, const value_visitor& visit) {
     std::vector<std::pair<int, int>> choices;
     for (std::size_t r = 0; r < record.row_upper.size(); ++r) {
         if (record.row_upper[r] == 1.0 && record.row_start[r + 1] - record.row_start[r] == 2) {
             choices.emplace_back(record.row_column[record.row_start[r]], record.row_column[record.row_start[r] + 1]);
         }
     }
-    double best = 0.0;
     for (long mask = 0; mask < 1L << choices.size(); ++mask) {
         std::vector<double> values(record.column_objective.size(), 1.0);
         for (std::size_t c = 0; c < choices.size(); ++c) {
@@ -128,7 +127,12 @@ double best_by_enumeration(const model_record& record) {
                 }
             }
         }
-        best = std::max(best, std::inner_product(values.begin(), values.end(), record.column_objective.begin(), 0.0));
+        visit(values, std::inner_product(values.begin(), values.end(), record.column_objective.begin(), 0.0));
     }
+}
+
+double best_by_enumeration(const model_record& record) {
+    double best = 0.0;
+    enumerate(record, [&best](const auto&, double objective) { best = std::max(best, objective); });
     return best;
 }

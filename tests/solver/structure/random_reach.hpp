@@ -1,6 +1,8 @@
 // Models of the reachability shape, drawn at random, and a plain way to solve them.
 #pragma once
 
+#include <functional>
+
 #include "solver/test_models.hpp"
 
 struct reach_plan {
@@ -22,6 +24,10 @@ reach_plan hard_plan(int num_choices);
 // a network has an arc. The names of gates begin with "o_", those of demands with "s_".
 solver::model_record draw_reach_model(unsigned seed, const reach_plan& plan);
 
-// The best objective over all directions, counted from the rows alone by setting every
-// flow and demand as high as its rows allow.
+// Shows values of all columns and their objective, once for all directions of the choices,
+// counted from the rows alone by setting every flow and demand as high as its rows allow.
+using value_visitor = std::function<void(const std::vector<double>& values, double objective)>;
+void enumerate(const solver::model_record& record, const value_visitor& visit);
+
+// The best objective over all directions.
 double best_by_enumeration(const solver::model_record& record);
