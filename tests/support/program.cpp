@@ -8,6 +8,10 @@
 #include <fstream>
 #include <sstream>
 
+std::string tools_program() {
+    return NETORIENT_TOOLS;
+}
+
 program_test::program_test() {
     std::string pattern = std::filesystem::temp_directory_path() / "netorient.XXXXXX";
     folder = mkdtemp(pattern.data());

@@ -14,6 +14,9 @@ struct program_result {
     std::string err;
 };
 
+// Path of netorient-tools, as a program to run.
+std::string tools_program();
+
 class program_test : public testing::Test {
  protected:
     program_test();

@@ -1,0 +1,10 @@
+// The subcommands of netorient-tools. Each reads its arguments, calls rooms in order,
+// and prints.
+#pragma once
+
+#include <CLI/CLI.hpp>
+
+enum exit_status { exit_done = 0, exit_wrong_usage = 1, exit_unusable_input = 2 };
+
+// Each adds a subcommand whose callback does the job; the callback sets the status when
+// it ends otherwise than done, or throws.
