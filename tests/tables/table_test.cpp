@@ -3,7 +3,9 @@
 #include <system_error>
 
 #include "support/program.hpp"
+#include "tables/name_lists.hpp"
 #include "tables/read_table.hpp"
+#include "tables/sha256.hpp"
 #include "tables/table_text.hpp"
 #include "tables/unusable_input.hpp"
 #include "tables/whole_file.hpp"
@@ -39,6 +41,28 @@ TEST_F(table_test, lists_come_back_whatever_their_items_hold) {
     for (const auto& list : lists) {
         EXPECT_EQ(split_list(unescape_cell(escape_cell(join_list(list, '>'))), '>'), list);
     }
+}
+
+TEST_F(table_test, paths_and_pairs_come_back_whatever_their_names_hold) {
+    const std::vector<std::vector<std::string>> paths = {{}, {"A", "B", "C"}, {"a>b", "\\", ";"}, {"x\\", "\\>", ""}};
+    for (const auto& path : paths) {
+        EXPECT_EQ(read_path_cell(unescape_cell(escape_cell(path_cell(path)))), path);
+    }
+    const std::pair<pair_list, std::string> lists[] = {
+        {{}, ""},
+        {{{{"A", "B"}, {"C", "D"}}, 3}, "A>B;C>D;+3"},
+        {{{{"a;b", ">"}, {"\\", "+2"}}, 0}, "a\\;b>\\>;\\\\>+2"},
+    };
+    for (const auto& [list, cell] : lists) {
+        EXPECT_EQ(pair_list_cell(list), cell);
+        EXPECT_EQ(read_pair_list_cell(cell), list);
+    }
+}
+
+// The digests that the standard itself gives for these texts.
+TEST_F(table_test, digests_are_those_of_the_standard) {
+    EXPECT_EQ(sha256(""), "e3b0c44298fc1c149afbf4c8996fb92427ae41e4649b934ca495991b7852b855");
+    EXPECT_EQ(sha256("abc"), "ba7816bf8f01cfea414140de5dae2223b00361a396177a9cb410ff61f20015ad");
 }
 
 TEST_F(table_test, damaged_tables_are_told_with_file_and_line) {
