@@ -10,7 +10,7 @@
 #include "report/compare.hpp"
 #include "report/graph_writer.hpp"
 
-int run(int argc, char** argv, solver::back_end_function back_end) {
+int run(int argc, char** argv, const solver::back_end& back_end) {
     if (argc != 3) {
         std::cout << "Invalid arguments for preprocessing. needed 2 arguments: Input directory and output directory"
                   << std::endl;
@@ -33,9 +33,7 @@ int run(int argc, char** argv, solver::back_end_function back_end) {
     const IsoMap isoMap = copy_network(iso_vec);
 
     IloCplex cplex(model);
-    if (back_end != nullptr) {
-        cplex.use_back_end(back_end);
-    }
+    cplex.use_back_end(back_end);
 
     // Flows over shortest paths, pair variables, objective.
     prepare_ilp(model, true, isoMap);

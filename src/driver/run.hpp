@@ -2,12 +2,13 @@
 #pragma once
 
 #include "model/network_graph.hpp"
+#include "solver/back_ends/back_ends.hpp"
 
 // Runs with the program's own arguments: an input and an output directory, each a
 // plain prefix of file names. Gives the exit status: 1 on a wrong argument count,
 // else 0. A back end given here takes the place of the one that was built in.
 // Throws the int -1 when there is no solution.
-int run(int argc, char** argv, solver::back_end_function back_end = nullptr);
+int run(int argc, char** argv, const solver::back_end& back_end = solver::default_back_end());
 
 // The phases that are the driver's own.
 

@@ -11,7 +11,7 @@
 #include <boost/graph/filtered_graph.hpp>
 
 #include "model/graph_properties.hpp"
-#include "solver/concert.hpp"
+#include "solver/modelling/concert.hpp"
 
 // ---- Graph type ------------------------------------------------------------
 

@@ -4,7 +4,7 @@
 #include <chrono>
 #include <string>
 
-#include "solver/back_end.hpp"
+#include "solver/record/back_end.hpp"
 
 // Stands on standard error when that is a terminal, and nowhere otherwise. Appears
 // when a solve takes longer than a second, is written anew at most five times a

@@ -2,7 +2,8 @@
 #include "driver/run.hpp"
 
 int main(int argc, char** argv) {
-    return run(argc, argv, [](const solver::model_record&, const solver::solve_watch&) {
-        return solver::solve_answer{solver::solve_status::unknown, {}, 0.0, 0.0, "nothing found, as meant"};
-    });
+    return run(
+        argc, argv, +[](const solver::model_record&, const solver::solve_watch&) {
+            return solver::solve_answer{solver::solve_status::unknown, {}, 0.0, 0.0, "nothing found, as meant"};
+        });
 }

@@ -8,7 +8,7 @@
 #include "driver/run.hpp"
 #include "input/read_data.hpp"
 #include "orientation/prepare_ilp.hpp"
-#include "solver/lp_file.hpp"
+#include "solver/lp_file/lp_file.hpp"
 
 namespace {
 

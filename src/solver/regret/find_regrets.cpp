@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <cmath>
 
+#include "solver/prove/structured_back_end.hpp"
 #include "solver/structure/index.hpp"
-#include "solver/structure/structured_back_end.hpp"
 
 namespace solver {
 namespace {

@@ -11,7 +11,7 @@
 #include <optional>
 #include <vector>
 
-#include "solver/back_end.hpp"
+#include "solver/record/back_end.hpp"
 
 namespace solver {
 

@@ -83,10 +83,10 @@ model_record neutral_record(const model_record& record, const reach_structure& s
     return made;
 }
 
-solve_answer solve_in_neutral_order(const model_record& record, const reach_structure& structure,
-                                    back_end_function back_end, const solve_watch& watch) {
+solve_answer solve_in_neutral_order(const model_record& record, const reach_structure& structure, record_solver solve,
+                                    const solve_watch& watch) {
     std::vector<int> order;
-    solve_answer answer = back_end(neutral_record(record, structure, order), watch);
+    solve_answer answer = solve(neutral_record(record, structure, order), watch);
     // Other sizes are for the check to find.
     if (answer.values.size() == order.size()) {
         std::vector<double> values(order.size());

@@ -4,7 +4,7 @@
 
 #include <vector>
 
-#include "solver/back_end.hpp"
+#include "solver/record/back_end.hpp"
 #include "solver/structure/reach_structure.hpp"
 
 namespace solver {
@@ -14,7 +14,7 @@ namespace solver {
 model_record neutral_record(const model_record& record, const reach_structure& structure, std::vector<int>& order);
 
 // Solves the neutral record; values come back in the order of the record given.
-solve_answer solve_in_neutral_order(const model_record& record, const reach_structure& structure,
-                                    back_end_function back_end, const solve_watch& watch);
+solve_answer solve_in_neutral_order(const model_record& record, const reach_structure& structure, record_solver solve,
+                                    const solve_watch& watch);
 
 }  // namespace solver

@@ -24,7 +24,7 @@
 #include <optional>
 #include <vector>
 
-#include "solver/model_record.hpp"
+#include "solver/record/model_record.hpp"
 
 namespace solver {
 

@@ -5,9 +5,10 @@
 
 #include <gtest/gtest.h>
 
+#include "solver/back_ends/back_ends.hpp"
+#include "solver/check/solve_record.hpp"
 #include "solver/regret/find_regrets.hpp"
-#include "solver/solve_record.hpp"
-#include "solver/structure/random_reach.hpp"
+#include "solver/support/random_reach.hpp"
 
 using namespace solver;
 

@@ -1,0 +1,11 @@
+// HiGHS as a back end.
+#pragma once
+
+#include "solver/record/back_end.hpp"
+
+namespace solver {
+
+// The whole record as it stands. One thread, a fixed seed.
+solve_answer solve_with_highs(const model_record& record, const solve_watch& watch);
+
+}  // namespace solver

@@ -1,0 +1,182 @@
+// The modelling operations that the program uses: handles over one environment
+// that owns everything made in it. Handles are a pointer each and copied freely;
+// nothing is released before the environment is, and the run never ends it.
+//
+// Misuse throws IloException: a value asked for before a solve, a variable that
+// is not in the model, an unknown parameter, an empty handle.
+#pragma once
+
+#include <iosfwd>
+#include <memory>
+#include <stdexcept>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "solver/record/back_end.hpp"
+
+namespace solver {
+struct environment_data;
+struct variable_data;
+struct expression_data;
+struct constraint_data;
+struct objective_data;
+struct model_data;
+struct extractable_data;
+struct session_data;
+}  // namespace solver
+
+class IloException : public std::runtime_error {
+ public:
+    using std::runtime_error::runtime_error;
+};
+
+class IloEnv {
+ public:
+    IloEnv();
+    solver::environment_data* data() const { return data_.get(); }
+
+ private:
+    std::shared_ptr<solver::environment_data> data_;
+};
+
+// Anything that can stand in a model and bear a name and an id.
+class IloExtractable {
+ public:
+    IloExtractable() = default;
+    explicit IloExtractable(solver::extractable_data* data) : data_(data) {}
+    void setName(const char* name) const;
+    const char* getName() const;  // null when unnamed
+    long getId() const;           // unique in the environment, in order of creation
+    bool empty() const { return data_ == nullptr; }
+    solver::extractable_data* data() const { return data_; }
+
+ private:
+    solver::extractable_data* data_ = nullptr;
+};
+
+// Adds a new variable to an objective with coefficient 1.
+struct IloAddNumVar {
+    solver::objective_data* objective;
+};
+
+class IloNumVar : public IloExtractable {
+ public:
+    enum Type { Float, Bool };
+
+    IloNumVar() = default;
+    IloNumVar(IloEnv env, double lower, double upper, Type type, const char* name = nullptr);
+    IloNumVar(const IloAddNumVar& column, double lower, double upper, Type type, const char* name = nullptr);
+    solver::variable_data* variable() const;
+};
+
+class IloNumVarArray {
+ public:
+    explicit IloNumVarArray(IloEnv env, int size = 0);
+    void add(const IloNumVar& variable) const;
+    int getSize() const;
+    IloNumVar operator[](int index) const;
+
+ private:
+    std::shared_ptr<std::vector<IloNumVar>> items_;
+};
+
+// A variable with its coefficient. Most rows are made of single variables, and those
+// need no expression with terms of its own.
+struct IloNumTerm {
+    IloNumVar variable;
+    double coefficient;
+};
+
+// A linear expression. Copies share their terms, which live as long as the last copy.
+class IloExpr {
+ public:
+    IloExpr(IloEnv env, double constant = 0.0);
+    explicit IloExpr(std::shared_ptr<solver::expression_data> data) : data_(std::move(data)) {}
+    IloExpr(const IloNumVar& variable);
+    IloExpr(const IloNumTerm& term);
+    IloExpr& operator+=(const IloNumVar& variable);
+    IloExpr& operator+=(const IloExpr& other);
+    solver::expression_data* data() const { return data_.get(); }
+
+ private:
+    std::shared_ptr<solver::expression_data> data_;
+};
+
+IloExpr operator+(const IloExpr& left, const IloExpr& right);
+IloExpr operator+(const IloNumVar& left, const IloNumVar& right);
+IloNumTerm operator*(int coefficient, const IloNumVar& variable);
+
+class IloConstraint : public IloExtractable {
+ public:
+    IloConstraint() = default;
+    explicit IloConstraint(solver::constraint_data* data);
+    solver::constraint_data* constraint() const;
+};
+
+IloConstraint operator<=(const IloExpr& left, double right);
+IloConstraint operator<=(const IloExpr& left, const IloExpr& right);
+IloConstraint operator<=(const IloNumVar& left, double right);
+IloConstraint operator<=(const IloNumVar& left, const IloNumTerm& right);
+IloConstraint operator<=(const IloNumVar& left, const IloExpr& right);
+
+class IloObjective : public IloExtractable {
+ public:
+    enum Sense { Minimize, Maximize };
+
+    IloObjective() = default;
+    IloObjective(IloEnv env, double constant, Sense sense, const char* name = nullptr);
+    IloAddNumVar operator()() const;
+    solver::objective_data* objective() const;
+};
+
+class IloModel {
+ public:
+    explicit IloModel(IloEnv env);
+    void add(const IloExtractable& item) const;
+    const std::shared_ptr<solver::model_data>& data() const { return data_; }
+
+ private:
+    std::shared_ptr<solver::model_data> data_;
+};
+
+class IloAlgorithm {
+ public:
+    enum Status { Unknown, Feasible, Optimal, Infeasible, Unbounded, InfeasibleOrUnbounded, Error };
+};
+
+std::ostream& operator<<(std::ostream& out, IloAlgorithm::Status status);
+
+// A solver over one model, which counts as it stands at every export and solve.
+class IloCplex : public IloAlgorithm {
+ public:
+    enum IntParam { RootAlg, VarSel, DiveType };
+    enum NumParam { WorkMem, EpGap };
+    enum Algorithm { Network = 3 };
+
+    explicit IloCplex(const IloModel& model);
+    void setParam(IntParam parameter, int value);
+    void setParam(NumParam parameter, double value);
+    void setPriority(const IloNumVar& variable, double priority);
+
+    // True when a checked solution is at hand (status Optimal or Feasible).
+    bool solve();
+    Status getStatus() const;
+    double getObjValue() const;
+    double getValue(const IloNumVar& variable) const;
+
+    // Writes the model in LP format. A path that cannot be written is no error.
+    void exportModel(const char* path) const;
+
+    // The back end of later solves, and who watches them; defaults: the one that
+    // the build names, and nobody. Gives the watch that was set before.
+    void use_back_end(const solver::back_end& back_end);
+    solver::solve_watch set_watch(solver::solve_watch watch);
+    // Why the last solve gave no solution: one line, empty when there is nothing to say.
+    const std::string& failure_reason() const;
+    // The record that a solve would hand to the back end now.
+    solver::model_record record() const;
+
+ private:
+    std::shared_ptr<solver::session_data> data_;
+};

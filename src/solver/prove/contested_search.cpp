@@ -1,0 +1,44 @@
+#include "solver/prove/contested_search.hpp"
+
+#include "solver/prove/part_search.hpp"
+#include "solver/reduce/split.hpp"
+#include "solver/structure/index.hpp"
+
+namespace solver {
+
+contested_answer search_contested(const contested_problem& problem, const search_plan& plan,
+                                  const known_outside& outside, const solve_watch& watch) {
+    contested_answer answer;
+    answer.chosen.assign(problem.choices.size(), 0);
+    if (problem.choices.empty()) {
+        return answer;
+    }
+    if (watch.stop_requested()) {
+        answer.bound = problem.total_weight();
+        return answer;
+    }
+    if (!plan.splits) {
+        return search_part(problem, plan, outside, watch);
+    }
+    const std::vector<contested_problem> parts = split(problem);
+    if (parts.size() == 1) {
+        return search_part(parts.front(), plan, outside, watch);
+    }
+    search_plan part_plan = plan;
+    part_plan.goal = 0;
+    // Parts that are not searched yet count with all their weight in the bound.
+    long weight_ahead = problem.total_weight();
+    for (const contested_problem& part : parts) {
+        weight_ahead -= part.total_weight();
+        const known_outside others = {outside.weight + answer.weight, outside.bound + answer.bound + weight_ahead};
+        const contested_answer best = search_part(part, part_plan, others, watch);
+        for (int c = 0; c < part.num_choices(); ++c) {
+            answer.chosen[at(part.choices[at(c)])] = best.chosen[at(c)];
+        }
+        answer.weight += best.weight;
+        answer.bound += best.bound;
+    }
+    return answer;
+}
+
+}  // namespace solver

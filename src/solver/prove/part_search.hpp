@@ -1,0 +1,23 @@
+// The search of one part of a contested problem.
+//
+// The linear program with cuts (cut_master.hpp), leaning towards what a short annealing
+// (local_search.hpp) has found, gives a bound; since weights are whole, a value equal to
+// the bound rounded down is proven best. Values come from rounding the program's solution
+// and from annealing over the choices that it leaves fractional. What gap remains is
+// closed on a smaller problem (fix_choices.hpp).
+//
+// Where the program stays fractional through and through, a tighter one takes over
+// (chain_bound.hpp) until three rounds in a row hardly move its bound, while a second
+// thread looks for values (value_search.hpp). The last resort is branch and bound over
+// the choices (branch_and_bound.hpp), with twice the nodes each time.
+#pragma once
+
+#include "solver/prove/contested_search.hpp"
+
+namespace solver {
+
+// When stopped, gives the best so far.
+contested_answer search_part(const contested_problem& problem, const search_plan& plan, const known_outside& outside,
+                             const solve_watch& watch);
+
+}  // namespace solver

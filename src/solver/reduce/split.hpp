@@ -1,0 +1,15 @@
+// The parts of a problem that share no choice can be searched one by one: the best of
+// the whole is the best of each. Bounded: a union of what each pair joins, and a pass
+// over the problem for every part.
+#pragma once
+
+#include <vector>
+
+#include "solver/reduce/contested_problem.hpp"
+
+namespace solver {
+
+// In the order of their first choices, which are called by their position in the problem.
+std::vector<contested_problem> split(const contested_problem& problem);
+
+}  // namespace solver
