@@ -5,7 +5,6 @@
 #include <boost/graph/copy.hpp>
 #include <boost/graph/filtered_graph.hpp>
 
-#include "input/read_data.hpp"
 #include "orientation/prepare_ilp.hpp"
 #include "report/compare.hpp"
 #include "report/graph_writer.hpp"
@@ -16,37 +15,51 @@ int run(int argc, char** argv, const solver::back_end& back_end) {
                   << std::endl;
         return 1;
     }
-    const std::string output = argv[2];
+    const std::string input = argv[1];
+    run_phases([&](const char* name) { return open_text_file(input + name); },
+               {.output = argv[2], .back_end = back_end, .watch = {}, .before_solving = [] {}});
+    return 0;
+}
 
+IloCplex run_phases(const input_opener& open_input, const run_choices& choices) {
     // The model exists before anything is read: readers add to it line by line.
     IloModel model(env);
     name_objective();
 
     // Proteins, arcs with their orientation variables, and the knockout pairs.
-    read_data(argv, model);
+    read_data(open_input, model);
 
     // The network as read, before the solution takes arcs out of it.
-    write_network(output + "initial_graph.txt");
+    if (choices.output) {
+        write_network(*choices.output + "initial_graph.txt");
+    }
 
     // Where distances to a target are searched step by step, it is in this copy.
     std::vector<vertex_descriptor> iso_vec;
     const IsoMap isoMap = copy_network(iso_vec);
 
     IloCplex cplex(model);
-    cplex.use_back_end(back_end);
+    cplex.use_back_end(choices.back_end);
+    cplex.set_watch(choices.watch);
 
     // Flows over shortest paths, pair variables, objective.
     prepare_ilp(model, true, isoMap);
 
     // Before solving, so that it is there for another solver whatever happens.
-    cplex.exportModel((output + "shortest.lp").c_str());
+    if (choices.output) {
+        cplex.exportModel((*choices.output + "shortest.lp").c_str());
+    }
+
+    choices.before_solving();
 
     // Solves, and takes the losing arcs of the test pairs out of bi_graph.
     compare(cplex, model, 0);
 
     // What is left is the solution.
-    write_network(output + "solution_graph.txt");
-    return 0;
+    if (choices.output) {
+        write_network(*choices.output + "solution_graph.txt");
+    }
+    return cplex;
 }
 
 void name_objective() {

@@ -1,6 +1,11 @@
 // One run of the program: its phases, in their order.
 #pragma once
 
+#include <functional>
+#include <optional>
+#include <string>
+
+#include "input/read_data.hpp"
 #include "model/network_graph.hpp"
 #include "solver/back_ends/back_ends.hpp"
 
@@ -9,6 +14,18 @@
 // else 0. A back end given here takes the place of the one that was built in.
 // Throws the int -1 when there is no solution.
 int run(int argc, char** argv, const solver::back_end& back_end = solver::default_back_end());
+
+struct run_choices {
+    std::optional<std::string> output;  // prefix of the files to write; none = no file
+    solver::back_end back_end = solver::default_back_end();
+    solver::solve_watch watch;  // of the solve
+    // Called when the program is built and written, before it is solved.
+    std::function<void()> before_solving = [] {};
+};
+
+// All phases, over the state that start-up or reset_run_state left. Gives the session with
+// its answer; throws as above.
+IloCplex run_phases(const input_opener& open_input, const run_choices& choices);
 
 // The phases that are the driver's own.
 

@@ -31,7 +31,7 @@ void refuse_record(text_file& file, std::size_t record_start) {
 
 bool read_pair_record(text_file& file, pair_record& record) {
     while (true) {
-        const std::size_t record_start = file.position;
+        record.start = file.position;
         name_end end = read_name(file, record.first);
         if (end == name_end::blank) {
             end = read_name(file, record.second);
@@ -43,6 +43,6 @@ bool read_pair_record(text_file& file, pair_record& record) {
             record.rest = as_c_string(take_line(file, record.line_ended));
             return true;
         }
-        refuse_record(file, record_start);
+        refuse_record(file, record.start);
     }
 }

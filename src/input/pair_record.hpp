@@ -7,6 +7,7 @@
 #include "input/text_file.hpp"
 
 struct pair_record {
+    std::size_t start = 0;  // of the record in the file's text; where the text ends within one, of that
     std::string first;
     std::string second;
     std::string rest;         // up to the line feed; a C string too

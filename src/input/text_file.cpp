@@ -33,6 +33,9 @@ std::string_view as_c_string(std::string_view field) {
 }
 
 void report_long_name(text_file& file, std::size_t record_start, std::string_view field) {
+    if (file.quiet) {
+        return;
+    }
     const auto text = file.text.begin();
     file.line += static_cast<int>(std::count(text + static_cast<std::ptrdiff_t>(file.counted),
                                              text + static_cast<std::ptrdiff_t>(record_start), '\n'));

@@ -11,6 +11,7 @@ struct text_file {
     std::string text;
     bool opened = true;
     std::size_t position = 0;  // first byte not yet read
+    bool quiet = false;        // true = nothing is printed of it: somebody reads it again
 
     // How far line feeds were counted for messages, and the line reached there.
     std::size_t counted = 0;
@@ -29,5 +30,5 @@ std::string_view as_c_string(std::string_view field);
 
 // Prints one error line about a name that is too long to be a protein's: the
 // file, the line on which its record began, and the start of the field. Records
-// must be reported in file order.
+// must be reported in file order. Says nothing of a quiet file.
 void report_long_name(text_file& file, std::size_t record_start, std::string_view field);

@@ -17,4 +17,12 @@ const back_end& default_back_end() {
 #endif
 }
 
+std::string default_solver() {
+#ifdef NETORIENT_SOLVER_CPLEX
+    return "CPLEX " + cplex_version();
+#else
+    return "HiGHS " + highs_version();
+#endif
+}
+
 }  // namespace solver

@@ -161,4 +161,17 @@ solve_answer solve_with_cplex(const model_record& record, const solve_watch& wat
     return solve_with_cplex_at(CPLEX_LIBRARY, record, watch);
 }
 
+std::string cplex_version() {
+    const library calls = open_library(CPLEX_LIBRARY);
+    int status = 0;
+    int version = 0;
+    environment* env = calls.CPXopenCPLEX(&status);
+    if (env == nullptr || calls.CPXversionnumber(env, &version) != 0) {
+        throw std::runtime_error("CPLEX does not tell its version");
+    }
+    calls.CPXcloseCPLEX(&env);
+    return std::to_string(version / 1000000) + "." + std::to_string(version / 10000 % 100) + "." +
+           std::to_string(version / 100 % 100);
+}
+
 }  // namespace solver

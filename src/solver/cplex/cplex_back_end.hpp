@@ -13,4 +13,8 @@ namespace solver {
 solve_answer solve_with_cplex(const model_record& record, const solve_watch& watch);
 solve_answer solve_with_cplex_at(const std::string& library_path, const model_record& record, const solve_watch& watch);
 
+// Of the library that the build names, "22.2.0". Throws std::runtime_error when it cannot
+// be opened.
+std::string cplex_version();
+
 }  // namespace solver

@@ -72,4 +72,8 @@ solve_answer solve_with_highs(const model_record& record, const solve_watch& wat
     return answer;
 }
 
+std::string highs_version() {
+    return Highs_version();
+}
+
 }  // namespace solver

@@ -176,6 +176,11 @@ class IloCplex : public IloAlgorithm {
     const std::string& failure_reason() const;
     // The record that a solve would hand to the back end now.
     solver::model_record record() const;
+    // What the last solve was about and what came of it: its record, as long as the model
+    // stays as it is, its answer, and where a variable stands in both (-1 = not in the model).
+    const solver::model_record& solved_record() const;
+    const solver::solve_answer& answer() const;
+    int column_of(const IloNumVar& variable) const;
 
  private:
     std::shared_ptr<solver::session_data> data_;

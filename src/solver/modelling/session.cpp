@@ -166,15 +166,28 @@ double IloCplex::getObjValue() const {
 }
 
 double IloCplex::getValue(const IloNumVar& variable) const {
-    const auto index = static_cast<std::size_t>(variable.variable()->index);
     if (!has_solution(data_->answer)) {
         throw IloException("no solution: a value is asked for before a successful solve");
     }
-    if (index >= data_->columns.size() || data_->columns[index] < 0) {
+    const int column = column_of(variable);
+    if (column < 0) {
         const char* name = variable.getName();
         throw IloException(std::string("not in the model: variable ") + (name == nullptr ? "without a name" : name));
     }
-    return data_->answer.values[static_cast<std::size_t>(data_->columns[index])];
+    return data_->answer.values[static_cast<std::size_t>(column)];
+}
+
+int IloCplex::column_of(const IloNumVar& variable) const {
+    const auto index = static_cast<std::size_t>(variable.variable()->index);
+    return index < data_->columns.size() ? data_->columns[index] : -1;
+}
+
+const model_record& IloCplex::solved_record() const {
+    return data_->record;
+}
+
+const solve_answer& IloCplex::answer() const {
+    return data_->answer;
 }
 
 void IloCplex::exportModel(const char* path) const {
