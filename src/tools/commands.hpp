@@ -2,9 +2,14 @@
 // and prints.
 #pragma once
 
+#include <string>
+#include <vector>
+
 #include <CLI/CLI.hpp>
 
 enum exit_status { exit_done = 0, exit_wrong_usage = 1, exit_unusable_input = 2 };
 
 // Each adds a subcommand whose callback does the job; the callback sets the status when
 // it ends otherwise than done, or throws.
+// Arguments are the program's own, subcommand first.
+void add_orient_command(CLI::App& app, const std::vector<std::string>& arguments);

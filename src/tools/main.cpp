@@ -21,6 +21,8 @@ int main(int argc, char** argv) {
     app.name("netorient-tools");
     app.set_version_flag("--version", std::string("netorient-tools ") + netorient_version);
     app.require_subcommand(1);
+    const std::vector<std::string> arguments(argv + 1, argv + argc);
+    add_orient_command(app, arguments);
     int status = exit_done;
     try {
         app.parse(argc, argv);
