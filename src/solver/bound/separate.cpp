@@ -2,11 +2,13 @@
 
 #include <algorithm>
 #include <cmath>
+#include <numeric>
 
 #include <boost/graph/adjacency_list.hpp>
 #include <boost/graph/boykov_kolmogorov_max_flow.hpp>
 
 #include "solver/structure/index.hpp"
+#include "solver/structure/topological_order.hpp"
 
 namespace solver {
 namespace {
@@ -95,6 +97,50 @@ bool walk_chains(const pair_net& net, const std::vector<double>& gate_values, do
     return entered_by[at(net_target)] != none;
 }
 
+std::vector<int> order_of_nodes(const pair_net& net) {
+    std::vector<int> tails;
+    std::vector<int> heads;
+    tails.reserve(net.arcs.size());
+    heads.reserve(net.arcs.size());
+    for (const net_arc& arc : net.arcs) {
+        tails.push_back(arc.tail);
+        heads.push_back(arc.head);
+    }
+    return topological_order(net.num_nodes, tails, heads);
+}
+
+// Arcs that some chain takes, tails before heads.
+std::vector<net_arc> arcs_on_chains(const pair_net& net, const std::vector<int>& place) {
+    std::vector<net_arc> arcs = net.arcs;
+    const auto by_tail = [&place](const net_arc& one, const net_arc& other) {
+        return place[at(one.tail)] < place[at(other.tail)];
+    };
+    if (!std::is_sorted(arcs.begin(), arcs.end(), by_tail)) {
+        std::stable_sort(arcs.begin(), arcs.end(), by_tail);
+    }
+    std::vector<char> from_root(at(net.num_nodes), 0);
+    std::vector<char> to_target(at(net.num_nodes), 0);
+    from_root[net_root] = to_target[net_target] = 1;
+    for (const net_arc& arc : arcs) {
+        from_root[at(arc.head)] |= from_root[at(arc.tail)];
+    }
+    for (auto arc = arcs.rbegin(); arc != arcs.rend(); ++arc) {
+        to_target[at(arc->tail)] |= to_target[at(arc->head)];
+    }
+    std::erase_if(arcs, [&](const net_arc& arc) { return from_root[at(arc.tail)] == 0 || to_target[at(arc.head)] == 0; });
+    return arcs;
+}
+
+// Whether a chain without this gate leads to the target; arcs stand with tails before heads.
+bool is_open_without(const std::vector<net_arc>& arcs, const pair_net& net, int gate) {
+    std::vector<char> reached(at(net.num_nodes), 0);
+    reached[net_root] = 1;
+    for (const net_arc& arc : arcs) {
+        reached[at(arc.head)] |= arc.gate == gate ? 0 : reached[at(arc.tail)];
+    }
+    return reached[net_target] != 0;
+}
+
 }  // namespace
 
 void find_cuts(const pair_net& net, const std::vector<double>& gate_values, double needed, double tolerance,
@@ -127,27 +173,44 @@ void find_cuts(const pair_net& net, const std::vector<double>& gate_values, doub
 }
 
 void find_bottlenecks(const pair_net& net, std::vector<gate_cut>& cuts) {
-    // Every chain passes them, so one chain holds them all.
-    std::vector<int> entered_by(at(net.num_nodes), none);
-    int last_gate = open_gate;
-    for (const net_arc& arc : net.arcs) {
-        last_gate = std::max(last_gate, arc.gate);
+    const std::vector<int> order = order_of_nodes(net);
+    std::vector<int> place(at(net.num_nodes), none);
+    for (std::size_t i = 0; i < order.size(); ++i) {
+        place[at(order[i])] = static_cast<int>(i);
     }
-    std::vector<double> values(at(last_gate + 1), 1.0);
-    walk_chains(net, values, 1.0, entered_by);
-    std::vector<int> without(entered_by.size());
-    for (int node = net_target; node != net_root;) {
-        const net_arc& arc = net.arcs[at(entered_by[at(node)])];
-        node = arc.tail;
-        if (arc.gate == open_gate) {
-            continue;
+    const std::vector<net_arc> arcs = arcs_on_chains(net, place);
+
+    // Between each node and the next: how many arcs pass, and the sum of their gates.
+    std::vector<int> count(order.size() + 1, 0);
+    std::vector<long> sum(order.size() + 1, 0);
+    std::vector<int> gates;
+    for (const net_arc& arc : arcs) {
+        const std::size_t from = at(place[at(arc.tail)]);
+        const std::size_t to = at(place[at(arc.head)]);
+        ++count[from];
+        --count[to];
+        sum[from] += arc.gate;
+        sum[to] -= arc.gate;
+        gates.push_back(arc.gate);
+    }
+    std::partial_sum(count.begin(), count.end(), count.begin());
+    std::partial_sum(sum.begin(), sum.end(), sum.begin());
+    const std::size_t first_cut = cuts.size();
+    for (std::size_t i = at(place[net_target]); i-- > at(place[net_root]);) {
+        const bool is_new = cuts.size() == first_cut || cuts.back().front() != sum[i];
+        if (count[i] == 1 && sum[i] != open_gate && is_new) {
+            cuts.push_back({static_cast<int>(sum[i])});
         }
-        values[at(arc.gate)] = 0.0;
-        std::fill(without.begin(), without.end(), none);
-        if (!walk_chains(net, values, 1.0, without)) {
-            cuts.push_back({arc.gate});
+    }
+    // A gate of several arcs can shut all chains in several places.
+    std::sort(gates.begin(), gates.end());
+    for (auto gate = gates.begin(); gate != gates.end(); gate = std::upper_bound(gate, gates.end(), *gate)) {
+        if (*gate != open_gate && gate + 1 != gates.end() && gate[1] == *gate && !is_open_without(arcs, net, *gate)) {
+            const auto known = std::find(cuts.begin() + static_cast<std::ptrdiff_t>(first_cut), cuts.end(), gate_cut{*gate});
+            if (known == cuts.end()) {
+                cuts.push_back({*gate});
+            }
         }
-        values[at(arc.gate)] = 1.0;
     }
 }
 

@@ -8,7 +8,8 @@
 //
 // Bounded: a call of find_cuts costs one maximum flow at most (Boykov and Kolmogorov
 // 2004), over the arcs of one network, and none where a single chain has all that is
-// needed; find_bottlenecks, one search of the network for every arc of one chain.
+// needed; find_bottlenecks, a few passes over the network in an order of its nodes: a
+// gate is a bottleneck where it alone passes from the nodes so far to those to come.
 #pragma once
 
 #include <vector>

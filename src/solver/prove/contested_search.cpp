@@ -6,32 +6,30 @@
 
 namespace solver {
 
-contested_answer search_contested(const contested_problem& problem, const search_plan& plan,
+contested_answer search_contested(const contested_problem& problem, const directions& start, const search_plan& plan,
                                   const known_outside& outside, const solve_watch& watch) {
     contested_answer answer;
-    answer.chosen.assign(problem.choices.size(), 0);
+    answer.chosen = start;
     if (problem.choices.empty()) {
         return answer;
     }
-    if (watch.stop_requested()) {
-        answer.bound = problem.total_weight();
-        return answer;
-    }
-    if (!plan.splits) {
-        return search_part(problem, plan, outside, watch);
+    if (!plan.splits || watch.stop_requested()) {
+        return search_part(problem, start, plan, outside, watch);
     }
     const std::vector<contested_problem> parts = split(problem);
     if (parts.size() == 1) {
-        return search_part(parts.front(), plan, outside, watch);
+        return search_part(parts.front(), start, plan, outside, watch);
     }
-    search_plan part_plan = plan;
-    part_plan.goal = 0;
     // Parts that are not searched yet count with all their weight in the bound.
     long weight_ahead = problem.total_weight();
     for (const contested_problem& part : parts) {
         weight_ahead -= part.total_weight();
-        const known_outside others = {outside.weight + answer.weight, outside.bound + answer.bound + weight_ahead};
-        const contested_answer best = search_part(part, part_plan, others, watch);
+        const long bound_of_others = answer.bound + weight_ahead;
+        search_plan part_plan = plan;
+        part_plan.goal = plan.goal - bound_of_others;
+        const contested_answer best = search_part(part, picked(start, part.choices), part_plan,
+                                                  {outside.weight + answer.weight, outside.bound + bound_of_others},
+                                                  watch);
         for (int c = 0; c < part.num_choices(); ++c) {
             answer.chosen[at(part.choices[at(c)])] = best.chosen[at(c)];
         }

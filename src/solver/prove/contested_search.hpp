@@ -34,8 +34,9 @@ struct search_plan {
     long first_nodes = 1000;  // of a branch and bound
 };
 
-// When stopped, gives the best so far.
-contested_answer search_contested(const contested_problem& problem, const search_plan& plan,
+// Never worse than the start, which has a direction for every choice. When stopped, gives the
+// best so far.
+contested_answer search_contested(const contested_problem& problem, const directions& start, const search_plan& plan,
                                   const known_outside& outside, const solve_watch& watch);
 
 }  // namespace solver

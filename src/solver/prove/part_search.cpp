@@ -40,8 +40,8 @@ constexpr long moves_without_cuts = 400;  // when plain cuts have come to their 
 
 class part_search {
  public:
-    part_search(const contested_problem& problem, const search_plan& plan, const known_outside& outside,
-                const solve_watch& watch)
+    part_search(const contested_problem& problem, const directions& start, const search_plan& plan,
+                const known_outside& outside, const solve_watch& watch)
         : problem_(problem),
           plan_(plan),
           outside_(outside),
@@ -49,9 +49,15 @@ class part_search {
           state_(problem),
           master_(problem, watch),
           known_(problem.total_weight(), plan.goal, outside, watch),
-          every_choice_(problem.choices.size(), 1) {}
+          every_choice_(problem.choices.size(), 1) {
+        state_.set(start);
+        offer_state();
+    }
 
     contested_answer run() {
+        if (known_.done()) {
+            return known_.answer();
+        }
         anneal_at_first();
         lean();
         known_.report("cuts");
@@ -224,7 +230,8 @@ class part_search {
         plan.goal = std::max(plan_.goal, known_.weight() + 1) - rest->satisfied_weight;
         const known_outside outside = {outside_.weight + rest->satisfied_weight,
                                        outside_.bound + rest->satisfied_weight};
-        const contested_answer best = search_contested(rest->contested, plan, outside, watch_);
+        const directions start = picked(known_.chosen(), rest->contested.choices);
+        const contested_answer best = search_contested(rest->contested, start, plan, outside, watch_);
         state_.set(complete(*rest, best.chosen, known_.chosen()));
         offer_state();
         known_.lower_bound_on_better_to(static_cast<double>(rest->satisfied_weight + best.bound));
@@ -246,9 +253,9 @@ class part_search {
 
 }  // namespace
 
-contested_answer search_part(const contested_problem& problem, const search_plan& plan, const known_outside& outside,
-                             const solve_watch& watch) {
-    return part_search(problem, plan, outside, watch).run();
+contested_answer search_part(const contested_problem& problem, const directions& start, const search_plan& plan,
+                             const known_outside& outside, const solve_watch& watch) {
+    return part_search(problem, start, plan, outside, watch).run();
 }
 
 }  // namespace solver

@@ -16,8 +16,8 @@
 
 namespace solver {
 
-// When stopped, gives the best so far.
-contested_answer search_part(const contested_problem& problem, const search_plan& plan, const known_outside& outside,
-                             const solve_watch& watch);
+// Never worse than the start. When stopped, gives the best so far.
+contested_answer search_part(const contested_problem& problem, const directions& start, const search_plan& plan,
+                             const known_outside& outside, const solve_watch& watch);
 
 }  // namespace solver

@@ -1,5 +1,7 @@
 #include "solver/reduce/contested_problem.hpp"
 
+#include <algorithm>
+
 namespace solver {
 
 long contested_problem::total_weight() const {
@@ -16,6 +18,15 @@ directions nearest_directions(const std::vector<double>& values, int num_choices
         chosen[c] = values[c] >= 0.5 ? 0 : 1;
     }
     return chosen;
+}
+
+directions picked(const directions& chosen, const std::vector<int>& choices) {
+    directions made;
+    made.reserve(choices.size());
+    for (const int choice : choices) {
+        made.push_back(std::max<signed char>(chosen[static_cast<std::size_t>(choice)], 0));
+    }
+    return made;
 }
 
 void open_and_close(std::vector<gate_state>& gates, int gate) {

@@ -55,6 +55,9 @@ struct contested_problem {
 // the choices nothing is read.
 directions nearest_directions(const std::vector<double>& values, int num_choices);
 
+// The directions of some choices among many, as a smaller problem numbers them; 0 where there is none.
+directions picked(const directions& chosen, const std::vector<int>& choices);
+
 // What is decided about a gate.
 enum class gate_state : char { contested, open, closed };
 

@@ -9,12 +9,16 @@ namespace {
 
 class reducer {
  public:
-    reducer(const reach_structure& structure, const settle_steps& steps) : structure_(structure), steps_(steps) {}
+    reducer(const reach_structure& structure, const settle_steps& steps, const solve_watch& watch)
+        : structure_(structure), steps_(steps), watch_(watch) {}
 
-    settled_problem run() {
+    std::optional<settled_problem> run() {
         gates_.assign(structure_.gate_column.size(), gate_state::contested);
         left_.assign(at(structure_.num_demands()), 1);
         do {
+            if (watch_.stop_requested()) {
+                return std::nullopt;
+            }
             find_reached();
             find_useful();
         } while (force_choices());
@@ -25,8 +29,10 @@ class reducer {
         }
         make_pairs(problem);
         make_shared(problem);
-        settled_problem result = settle(std::move(problem), gates_, steps_);
-        result.satisfied_weight += satisfied_;
+        std::optional<settled_problem> result = settle(std::move(problem), gates_, steps_, watch_);
+        if (result) {
+            result->satisfied_weight += satisfied_;
+        }
         return result;
     }
 
@@ -107,7 +113,7 @@ class reducer {
     void make_pairs(contested_problem& problem) {
         std::vector<int> number(at(structure_.num_nodes()), -1);
         std::vector<int> nodes;
-        for (int d = 0; d < structure_.num_demands(); ++d) {
+        for (int d = 0; d < structure_.num_demands() && !watch_.stop_requested(); ++d) {
             if (left_[at(d)] == 0) {
                 continue;
             }
@@ -168,6 +174,7 @@ class reducer {
 
     const reach_structure& structure_;
     const settle_steps steps_;
+    const solve_watch& watch_;
     std::vector<gate_state> gates_;
     std::vector<char> left_;      // by demand: not yet satisfied or lost
     std::vector<char> sure_;      // by node: open arcs lead to it
@@ -180,7 +187,12 @@ class reducer {
 }  // namespace
 
 settled_problem reduce(const reach_structure& structure, const settle_steps& steps) {
-    return reducer(structure, steps).run();
+    return *reducer(structure, steps, {}).run();
+}
+
+std::optional<settled_problem> reduce(const reach_structure& structure, const settle_steps& steps,
+                                      const solve_watch& watch) {
+    return reducer(structure, steps, watch).run();
 }
 
 }  // namespace solver

@@ -19,5 +19,8 @@ namespace solver {
 
 // Choices of the contested problem are called by their position in the structure.
 settled_problem reduce(const reach_structure& structure, const settle_steps& steps = {});
+// The same; nothing when stopped.
+std::optional<settled_problem> reduce(const reach_structure& structure, const settle_steps& steps,
+                                      const solve_watch& watch);
 
 }  // namespace solver

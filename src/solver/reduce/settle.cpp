@@ -11,13 +11,17 @@ namespace {
 
 class settler {
  public:
-    settler(contested_problem& problem, std::vector<gate_state>& gates, const settle_steps& steps)
-        : problem_(problem), gates_(gates), steps_(steps) {}
+    settler(contested_problem& problem, std::vector<gate_state>& gates, const settle_steps& steps,
+            const solve_watch& watch)
+        : problem_(problem), gates_(gates), steps_(steps), watch_(watch) {}
 
-    settled_problem run() {
+    std::optional<settled_problem> run() {
         uses_.assign(gates_.size(), 0);
         pairs_of_choice_.assign(gates_.size() / 2, {});
         for (std::size_t p = 0; p < problem_.pairs.size(); ++p) {
+            if (watch_.stop_requested()) {
+                return std::nullopt;
+            }
             simplify(p);
             for (const net_arc& arc : problem_.pairs[p].arcs) {
                 if (arc.gate != open_gate) {
@@ -27,6 +31,9 @@ class settler {
         }
         while (decide()) {
             for (const int pair : touched_) {
+                if (watch_.stop_requested()) {
+                    return std::nullopt;
+                }
                 count_uses(problem_.pairs[at(pair)], -1);
                 simplify(at(pair));
             }
@@ -218,6 +225,7 @@ class settler {
     contested_problem& problem_;
     std::vector<gate_state>& gates_;
     const settle_steps steps_;
+    const solve_watch& watch_;
     std::vector<int> uses_;  // by gate: arcs of undecided pairs
     std::vector<std::vector<int>> pairs_of_choice_;
     std::vector<int> touched_;
@@ -227,7 +235,12 @@ class settler {
 }  // namespace
 
 settled_problem settle(contested_problem problem, std::vector<gate_state> gates, const settle_steps& steps) {
-    return settler(problem, gates, steps).run();
+    return *settler(problem, gates, steps, {}).run();
+}
+
+std::optional<settled_problem> settle(contested_problem problem, std::vector<gate_state> gates,
+                                      const settle_steps& steps, const solve_watch& watch) {
+    return settler(problem, gates, steps, watch).run();
 }
 
 directions complete(const settled_problem& settled, const directions& of_rest, directions around) {

@@ -15,7 +15,13 @@
 // networks that its decisions touch.
 #pragma once
 
+<<<<<<< HEAD:src/solver/reduce/settle.hpp
 #include "solver/reduce/contested_problem.hpp"
+=======
+#include <optional>
+
+#include "solver/record/back_end.hpp"
+>>>>>>> a72b5ce (Begin the search from a first answer, and find bottlenecks in one pass):src/solver/structure/settle.hpp
 
 namespace solver {
 
@@ -35,6 +41,9 @@ struct settled_problem {
 
 // Gates: what is decided beforehand.
 settled_problem settle(contested_problem problem, std::vector<gate_state> gates, const settle_steps& steps = {});
+// The same; nothing when stopped.
+std::optional<settled_problem> settle(contested_problem problem, std::vector<gate_state> gates,
+                                      const settle_steps& steps, const solve_watch& watch);
 
 // Directions for the problem given: what is decided, the contested rest's, and for what is of
 // no use those around.
