@@ -127,7 +127,8 @@ std::vector<net_arc> arcs_on_chains(const pair_net& net, const std::vector<int>&
     for (auto arc = arcs.rbegin(); arc != arcs.rend(); ++arc) {
         to_target[at(arc->tail)] |= to_target[at(arc->head)];
     }
-    std::erase_if(arcs, [&](const net_arc& arc) { return from_root[at(arc.tail)] == 0 || to_target[at(arc.head)] == 0; });
+    std::erase_if(arcs,
+                  [&](const net_arc& arc) { return from_root[at(arc.tail)] == 0 || to_target[at(arc.head)] == 0; });
     return arcs;
 }
 
@@ -206,7 +207,8 @@ void find_bottlenecks(const pair_net& net, std::vector<gate_cut>& cuts) {
     std::sort(gates.begin(), gates.end());
     for (auto gate = gates.begin(); gate != gates.end(); gate = std::upper_bound(gate, gates.end(), *gate)) {
         if (*gate != open_gate && gate + 1 != gates.end() && gate[1] == *gate && !is_open_without(arcs, net, *gate)) {
-            const auto known = std::find(cuts.begin() + static_cast<std::ptrdiff_t>(first_cut), cuts.end(), gate_cut{*gate});
+            const auto known =
+                std::find(cuts.begin() + static_cast<std::ptrdiff_t>(first_cut), cuts.end(), gate_cut{*gate});
             if (known == cuts.end()) {
                 cuts.push_back({*gate});
             }

@@ -21,7 +21,7 @@ std::string check_values(const model_record& record, std::vector<double>& values
 //
 // A model that is seen to be reachability (solver/structure) is handed to
 // the back end in an order that does not depend on which end of an interaction its
-// file names first, and of the answer only what a reached demand needs is kept.
+// file names first, and of the answer only what a reached demand can use is kept.
 // Of such a model a solve that is asked to stop always leaves a solution.
 solve_answer solve_record(const model_record& record, const back_end& solver, const solve_watch& watch);
 

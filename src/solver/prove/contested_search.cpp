@@ -27,9 +27,9 @@ contested_answer search_contested(const contested_problem& problem, const direct
         const long bound_of_others = answer.bound + weight_ahead;
         search_plan part_plan = plan;
         part_plan.goal = plan.goal - bound_of_others;
-        const contested_answer best = search_part(part, picked(start, part.choices), part_plan,
-                                                  {outside.weight + answer.weight, outside.bound + bound_of_others},
-                                                  watch);
+        const contested_answer best =
+            search_part(part, picked(start, part.choices), part_plan,
+                        {outside.weight + answer.weight, outside.bound + bound_of_others}, watch);
         for (int c = 0; c < part.num_choices(); ++c) {
             answer.chosen[at(part.choices[at(c)])] = best.chosen[at(c)];
         }

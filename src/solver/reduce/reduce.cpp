@@ -28,6 +28,9 @@ class reducer {
             problem.choices.push_back(c);
         }
         make_pairs(problem);
+        if (watch_.stop_requested()) {
+            return std::nullopt;  // some pairs may be missing
+        }
         make_shared(problem);
         std::optional<settled_problem> result = settle(std::move(problem), gates_, steps_, watch_);
         if (result) {

@@ -15,13 +15,10 @@
 // networks that its decisions touch.
 #pragma once
 
-<<<<<<< HEAD:src/solver/reduce/settle.hpp
-#include "solver/reduce/contested_problem.hpp"
-=======
 #include <optional>
 
 #include "solver/record/back_end.hpp"
->>>>>>> a72b5ce (Begin the search from a first answer, and find bottlenecks in one pass):src/solver/structure/settle.hpp
+#include "solver/reduce/contested_problem.hpp"
 
 namespace solver {
 

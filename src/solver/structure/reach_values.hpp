@@ -18,7 +18,8 @@ using directions = std::vector<signed char>;
 long reached_weight(const reach_structure& structure, const directions& chosen);
 
 // Values for every column: a gate is 1 exactly when its arc lies on an open chain
-// from the root to a reached demand, so nothing is reported that nothing needs.
+// from the root to a reached demand, be that chain redundant beside another: nothing is
+// reported that no reached demand can use.
 std::vector<double> values_of(const reach_structure& structure, const directions& chosen, int num_columns);
 
 // The directions that a back end's values choose; a gate counts as open above one half.

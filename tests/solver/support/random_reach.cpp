@@ -53,7 +53,9 @@ model_record draw_reach_model(unsigned seed, const reach_plan& plan) {
         const int first_choice = plan.window > 0 ? below(plan.num_choices) : 0;
         for (int c = 0; c < (plan.window > 0 ? plan.window : plan.num_choices); ++c) {
             const std::vector<int>& of_choice = gates[static_cast<std::size_t>((first_choice + c) % plan.num_choices)];
-            free_gates.insert(free_gates.end(), of_choice.begin(), of_choice.end());
+            const int skipped = plan.one_side ? below(static_cast<int>(of_choice.size())) : 0;
+            free_gates.insert(free_gates.end(), of_choice.begin() + skipped,
+                              plan.one_side ? of_choice.begin() + skipped + 1 : of_choice.end());
         }
         std::shuffle(free_gates.begin(), free_gates.end(), random);
         std::vector<drawn_arc> arcs;

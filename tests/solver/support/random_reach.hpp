@@ -15,7 +15,8 @@ struct reach_plan {
     double lone_share = 0.2;    // choices with one gate
     double demand_share = 0.6;  // nodes with a demand
     int largest_weight = 1;
-    bool swapped = false;  // the ends of every choice named the other way round
+    bool one_side = false;  // a group uses at most one gate of a choice, as shortest paths from one root do
+    bool swapped = false;   // the ends of every choice named the other way round
 };
 
 // Most choices stay contested, and much is at odds: from 100 choices on, plain solvers take long.
