@@ -18,31 +18,37 @@ name_end read_name(text_file& file, std::string& name) {
     return name_end::blank;
 }
 
-void refuse_record(text_file& file, std::size_t record_start) {
+}  // namespace
+
+record_end take_pair_record(text_file& file, pair_record& record, std::string_view& long_name) {
+    record.start = file.position;
+    name_end end = read_name(file, record.first);
+    if (end == name_end::blank) {
+        end = read_name(file, record.second);
+    }
+    if (end == name_end::end_of_file) {
+        return record_end::file_ended;
+    }
+    if (end == name_end::blank) {
+        record.rest = as_c_string(take_line(file, record.line_ended));
+        return record_end::whole;
+    }
     // More than is shown, and enough to find the blank within it.
     const std::string_view field = std::string_view(file.text).substr(file.position, 64);
-    report_long_name(file, record_start, field.substr(0, field.find(' ')));
-    file.position = record_start;
+    long_name = field.substr(0, field.find(' '));
+    file.position = record.start;
     bool ended;
     take_line(file, ended);
+    return record_end::name_too_long;
 }
-
-}  // namespace
 
 bool read_pair_record(text_file& file, pair_record& record) {
     while (true) {
-        record.start = file.position;
-        name_end end = read_name(file, record.first);
-        if (end == name_end::blank) {
-            end = read_name(file, record.second);
+        std::string_view long_name;
+        const record_end end = take_pair_record(file, record, long_name);
+        if (end != record_end::name_too_long) {
+            return end == record_end::whole;
         }
-        if (end == name_end::end_of_file) {
-            return false;
-        }
-        if (end == name_end::blank) {
-            record.rest = as_c_string(take_line(file, record.line_ended));
-            return true;
-        }
-        refuse_record(file, record.start);
+        report_long_name(file, record.start, long_name);
     }
 }

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 #include "input/text_file.hpp"
 
@@ -20,3 +21,9 @@ struct pair_record {
 // it began: in a file with tabs for blanks no name ever ends, and each of its
 // lines is to be refused by itself.
 bool read_pair_record(text_file& file, pair_record& record);
+
+// The same without a word, one step at a time, for those who say more about a file
+// than a run does. What is not whole leaves nothing of use in the record; a name that
+// is too long is shown by its start.
+enum class record_end { whole, name_too_long, file_ended };
+record_end take_pair_record(text_file& file, pair_record& record, std::string_view& long_name);
