@@ -7,9 +7,10 @@
 
 #include <CLI/CLI.hpp>
 
-enum exit_status { exit_done = 0, exit_wrong_usage = 1, exit_unusable_input = 2 };
+enum exit_status { exit_done = 0, exit_wrong_usage = 1, exit_unusable_input = 2, exit_lines_lost = 3 };
 
 // Each adds a subcommand whose callback does the job; the callback sets the status when
 // it ends otherwise than done, or throws.
+void add_check_command(CLI::App& app, int& status);
 // Arguments are the program's own, subcommand first.
 void add_orient_command(CLI::App& app, const std::vector<std::string>& arguments);

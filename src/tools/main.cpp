@@ -22,8 +22,9 @@ int main(int argc, char** argv) {
     app.set_version_flag("--version", std::string("netorient-tools ") + netorient_version);
     app.require_subcommand(1);
     const std::vector<std::string> arguments(argv + 1, argv + argc);
-    add_orient_command(app, arguments);
     int status = exit_done;
+    add_check_command(app, status);
+    add_orient_command(app, arguments);
     try {
         app.parse(argc, argv);
     } catch (const CLI::ParseError& error) {
