@@ -14,3 +14,4 @@ enum exit_status { exit_done = 0, exit_wrong_usage = 1, exit_unusable_input = 2,
 void add_check_command(CLI::App& app, int& status);
 // Arguments are the program's own, subcommand first.
 void add_orient_command(CLI::App& app, const std::vector<std::string>& arguments);
+void add_evaluate_command(CLI::App& app, const std::vector<std::string>& arguments);

@@ -25,6 +25,7 @@ int main(int argc, char** argv) {
     int status = exit_done;
     add_check_command(app, status);
     add_orient_command(app, arguments);
+    add_evaluate_command(app, arguments);
     try {
         app.parse(argc, argv);
     } catch (const CLI::ParseError& error) {

@@ -16,7 +16,7 @@ CLI::Validator duration() {
     return {[](const std::string& text) {
                 return seconds_of(text) ? std::string() : "'" + text + "' is no time like 30s, 10m or 2h";
             },
-            "TIME"};
+            ""};
 }
 
 }  // namespace
@@ -32,7 +32,7 @@ void add_run_options(CLI::App& command, run_options& options) {
         ->type_name("TIME");
     command.add_flag("--no-regret", options.no_regret, "leave regrets and prices out");
     command.add_option("--jobs", options.jobs, "processors to use; results do not depend on it")
-        ->check(CLI::Range(1, 1024))
+        ->check(CLI::Range(1, 1024).name(""))
         ->type_name("N");
 }
 

@@ -1,0 +1,144 @@
+#include "evaluation/summary.hpp"
+
+#include <algorithm>
+#include <cmath>
+#include <cstdio>
+
+namespace {
+
+enum regret_class { tied, one, two_to_three, four_to_nine, ten_and_more, not_proven };
+
+constexpr std::array<const char*, 6> class_names = {"tied (regret 0)", "regret 1",   "regret 2-3",
+                                                    "regret 4-9",      "regret 10+", "not proven"};
+
+// What is decided is so by at least its lower end.
+regret_class class_of(const judged_direction& item) {
+    if (item.status == interaction_status::tied) {
+        return tied;
+    }
+    if (item.status != interaction_status::decided) {
+        return not_proven;
+    }
+    const long regret = item.regret.lower;
+    return regret >= 10 ? ten_and_more : regret >= 4 ? four_to_nine : regret >= 2 ? two_to_three : one;
+}
+
+void add_vote(baseline_line& line, vote given) {
+    line.decided += given != vote::undecided ? 1 : 0;
+    line.right += given == vote::right ? 1.0 : 0.0;
+}
+
+std::string percent(double share) {
+    char text[16];
+    std::snprintf(text, sizeof text, "%.0f %%", 100.0 * share);
+    return text;
+}
+
+std::string listed(const std::vector<std::string>& names) {
+    std::string text;
+    for (std::size_t i = 0; i < names.size(); ++i) {
+        text += (i == 0 ? "" : i + 1 == names.size() ? " and " : ", ") + names[i];
+    }
+    return text;
+}
+
+// A class may be relied on when all of its interval lies above the level; where it is the
+// smallness of the class that keeps it from that, it is said.
+std::string about_classes(const evaluation_summary& summary, double level) {
+    constexpr long few = 30;
+    std::vector<std::string> reliable;
+    std::vector<std::string> unreliable;
+    std::vector<std::string> too_few;
+    for (const share_line& line : summary.classes) {
+        if (line.oriented == 0) {
+            continue;
+        }
+        const bool is_above = line.range().lower > level;
+        (is_above ? reliable : line.oriented < few && line.share() > level ? too_few : unreliable).push_back(line.name);
+    }
+    std::string text;
+    const auto add = [&](const std::vector<std::string>& names, const char* what) {
+        if (!names.empty()) {
+            text += (text.empty() ? "" : "; ") + listed(names) + what;
+        }
+    };
+    add(reliable, " may be relied on");
+    add(unreliable, " may not be relied on");
+    add(too_few, too_few.size() == 1 ? " is too small to tell" : " are too small to tell");
+    return " By these figures: " + text + ".";
+}
+
+}  // namespace
+
+interval wilson_interval(long right, long all) {
+    if (all == 0) {
+        return {};
+    }
+    constexpr double z = 1.959963984540054;  // of the normal distribution, 2.5 % beyond it
+    const double n = static_cast<double>(all);
+    const double share = static_cast<double>(right) / n;
+    const double centre = share + z * z / (2.0 * n);
+    const double reach = z * std::sqrt(share * (1.0 - share) / n + z * z / (4.0 * n * n));
+    const double scale = 1.0 + z * z / n;
+    return {std::max(0.0, (centre - reach) / scale), std::min(1.0, (centre + reach) / scale)};
+}
+
+evaluation_summary summarize(const std::vector<judged_direction>& judged) {
+    evaluation_summary made;
+    made.hidden = static_cast<long>(judged.size());
+    made.all.name = "all";
+    for (const char* name : class_names) {
+        made.classes.push_back({name});
+    }
+    made.baselines = {{"coin"}, {"larger share of known outgoing arcs"}, {"nearer to the causes"}};
+    for (const judged_direction& item : judged) {
+        if (item.found == found_direction::none) {
+            continue;
+        }
+        share_line& line = made.classes[class_of(item)];
+        for (share_line* counted : {&made.all, &line}) {
+            ++counted->oriented;
+            counted->right += item.is_right() ? 1 : 0;
+        }
+        add_vote(made.baselines[1], item.share);
+        add_vote(made.baselines[2], item.nearness);
+    }
+    const auto oriented = static_cast<double>(made.all.oriented);
+    made.baselines[0].decided = made.all.oriented;
+    made.baselines[0].right = oriented / 2.0;
+    for (baseline_line& line : made.baselines) {
+        const double tossed = oriented - static_cast<double>(line.decided);
+        line.score = oriented > 0 ? (line.right + tossed / 2.0) / oriented : 0.5;
+    }
+    return made;
+}
+
+std::string conclusion(const evaluation_summary& summary, way_of_hiding way) {
+    if (summary.all.oriented == 0) {
+        return summary.hidden == 0 ? "No direction was hidden, so nothing can be said."
+                                   : "No hidden direction was found, so nothing can be said.";
+    }
+    const auto best = std::max_element(summary.baselines.begin(), summary.baselines.end(),
+                                       [](const auto& a, const auto& b) { return a.score < b.score; });
+    const interval range = summary.all.range();
+    const std::string share = percent(summary.all.share()) + " of the directions given are right";
+    std::string text;
+    if (range.upper < 0.5) {
+        text = "Worse than a coin: only " + share + ".";
+    } else if (range.lower > best->score) {
+        text = "Better than every baseline: " + share + ", the best baseline (" + best->name + ") has " +
+               percent(best->score) + ".";
+    } else {
+        text = "No better than " + std::string(best->name == "coin" ? "a coin" : "the baseline " + best->name) +
+               ", as far as " + std::to_string(summary.all.oriented) + " directions can tell: " + share + ", against " +
+               percent(best->score) + ".";
+    }
+    text += about_classes(summary, best->score);
+    if (way != way_of_hiding::all) {
+        text +=
+            " Mind the way of hiding: where directions of the same proteins stay visible, these lead out of regulators,"
+            " so that paths can enter a regulator only over what is hidden, against its true direction."
+            " --hide all is free of this bias.";
+    }
+    return text;
+}
