@@ -16,6 +16,7 @@
 // it: they are proven with the true weights.
 #pragma once
 
+#include <utility>
 #include <vector>
 
 #include "solver/bound/pair_rows.hpp"
@@ -30,6 +31,8 @@ class cut_master {
     void lean_towards(const directions& chosen);
 
     bool solve() { return program_.solve(); }
+    // A row that all directions keep.
+    void add_row(program_row row) { program_.add_row(std::move(row)); }
 
     // Choices come first among the columns.
     const row_program& program() const { return program_; }

@@ -40,7 +40,7 @@ std::vector<double> gate_values_of(const std::vector<double>& values, int num_ch
     return gate_values;
 }
 
-void add_cut_row(row_program& program, int pair_column, const gate_cut& cut, const gate_columns& gates) {
+std::optional<program_row> cut_row(int pair_column, const gate_cut& cut, const gate_columns& gates) {
     program_row row{{pair_column}, {1.0}, 0.0};
     for (std::size_t i = 0; i < cut.size(); ++i) {
         if (cut[i] >= gates.num_gates) {
@@ -49,11 +49,17 @@ void add_cut_row(row_program& program, int pair_column, const gate_cut& cut, con
             continue;
         }
         if (i + 1 < cut.size() && cut[i + 1] < gates.num_gates && cut[i] / 2 == cut[i + 1] / 2) {
-            return;
+            return std::nullopt;
         }
         subtract_gate(row, cut[i]);
     }
-    program.add_row(std::move(row));
+    return row;
+}
+
+void add_cut_row(row_program& program, int pair_column, const gate_cut& cut, const gate_columns& gates) {
+    if (std::optional<program_row> row = cut_row(pair_column, cut, gates)) {
+        program.add_row(*std::move(row));
+    }
 }
 
 void add_broken_cut_rows(row_program& program, const std::vector<pair_net>& nets, const std::vector<int>& pair_columns,

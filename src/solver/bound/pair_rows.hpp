@@ -6,6 +6,7 @@
 // columns of their own.
 #pragma once
 
+#include <optional>
 #include <vector>
 
 #include "solver/bound/row_program.hpp"
@@ -34,8 +35,11 @@ struct gate_columns {
     int first_other;  // column of the gate that follows them
 };
 
-// Adds the row y <= sum of the cut's gates for the pair with this column. Nothing, when the
-// cut holds both directions of a choice, one of which is always open.
+// The row y <= sum of the cut's gates for the pair with this column. Nothing, when the cut
+// holds both directions of a choice, one of which is always open.
+std::optional<program_row> cut_row(int pair_column, const gate_cut& cut, const gate_columns& gates);
+
+// Adds that row, if there is one.
 void add_cut_row(row_program& program, int pair_column, const gate_cut& cut, const gate_columns& gates);
 
 // Adds the rows of the cuts of the nets, one per pair, that the values break by more than

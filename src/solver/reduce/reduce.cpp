@@ -1,6 +1,7 @@
 #include "solver/reduce/reduce.hpp"
 
 #include <algorithm>
+#include <utility>
 
 #include "solver/structure/index.hpp"
 
@@ -35,6 +36,7 @@ class reducer {
         std::optional<settled_problem> result = settle(std::move(problem), gates_, steps_, watch_);
         if (result) {
             result->satisfied_weight += satisfied_;
+            tell_by_demand(result->pair_of);
         }
         return result;
     }
@@ -67,7 +69,8 @@ class reducer {
             if (left_[at(d)] != 0 && sure_[at(node)] != 0) {
                 left_[at(d)] = 0;
                 satisfied_ += structure_.demand_weight[at(d)];
-            } else if (possible_[at(node)] == 0 || structure_.demand_weight[at(d)] == 0) {
+            } else if (possible_[at(node)] == 0 ||
+                       (steps_.drop_worthless && structure_.demand_weight[at(d)] == 0)) {
                 left_[at(d)] = 0;
             }
         }
@@ -173,6 +176,16 @@ class reducer {
             node.weight += structure_.demand_weight[at(d)];
             ++pair;
         }
+    }
+
+    // The pairs were made of the demands that were left, in their order.
+    void tell_by_demand(std::vector<int>& pair_of) const {
+        std::vector<int> by_demand(left_.size(), -1);
+        std::size_t pair = 0;
+        for (std::size_t d = 0; d < left_.size(); ++d) {
+            by_demand[d] = left_[d] != 0 ? pair_of[pair++] : -1;
+        }
+        pair_of = std::move(by_demand);
     }
 
     const reach_structure& structure_;

@@ -17,7 +17,8 @@
 
 namespace solver {
 
-// Choices of the contested problem are called by their position in the structure.
+// Choices of the contested problem are called by their position in the structure, and its
+// pairs are told by demand.
 settled_problem reduce(const reach_structure& structure, const settle_steps& steps = {});
 // The same; nothing when stopped.
 std::optional<settled_problem> reduce(const reach_structure& structure, const settle_steps& steps,

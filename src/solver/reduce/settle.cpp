@@ -128,9 +128,9 @@ class settler {
                 result.contested.choices.push_back(static_cast<int>(gate / 2));
             }
         }
-        std::vector<int> new_pair(problem_.pairs.size(), -1);
-        gather_pairs(new_choice, new_pair, result.contested);
-        gather_shared(new_choice, new_pair, result.contested.shared);
+        result.pair_of.assign(problem_.pairs.size(), -1);
+        gather_pairs(new_choice, result.pair_of, result.contested);
+        gather_shared(new_choice, result.pair_of, result.contested.shared);
         return result;
     }
 

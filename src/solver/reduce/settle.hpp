@@ -28,11 +28,13 @@ struct settle_steps {
     bool take_majorities = true;  // fix what no other direction can outweigh
     bool merge_equal_pairs = true;
     bool contract_networks = true;
+    bool drop_worthless = true;  // pairs of no weight (reduce.hpp)
 };
 
 struct settled_problem {
     directions decided;           // by choice of the problem given; -1 = contested still, or of no use
     contested_problem contested;  // its choices are called by their position in the problem given
+    std::vector<int> pair_of;     // by pair of the problem given: its pair here; -1 = its fate is known
     long satisfied_weight = 0;    // of the pairs that the decisions satisfy
 };
 
