@@ -18,8 +18,9 @@
 #include "model/network_graph.hpp"
 #include "orientation/prepare_ilp.hpp"
 #include "report/compare.hpp"
+#include "solver/back_ends/back_ends.hpp"
+#include "solver/check/solve_record.hpp"
 #include "solver/regret/find_regrets.hpp"
-#include "solver/solve_record.hpp"
 
 namespace {
 

@@ -69,8 +69,7 @@ class reducer {
             if (left_[at(d)] != 0 && sure_[at(node)] != 0) {
                 left_[at(d)] = 0;
                 satisfied_ += structure_.demand_weight[at(d)];
-            } else if (possible_[at(node)] == 0 ||
-                       (steps_.drop_worthless && structure_.demand_weight[at(d)] == 0)) {
+            } else if (possible_[at(node)] == 0 || (steps_.drop_worthless && structure_.demand_weight[at(d)] == 0)) {
                 left_[at(d)] = 0;
             }
         }

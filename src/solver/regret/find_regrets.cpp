@@ -263,7 +263,7 @@ regret_report nothing_known(const reach_structure& structure, const solve_answer
 
 // What is cheap is worth a moment, also to whom has no time.
 solve_watch patient(const solve_watch& watch) {
-    constexpr auto moment = std::chrono::milliseconds(250);
+    static constexpr auto moment = std::chrono::milliseconds(250);
     const auto start = std::chrono::steady_clock::now();
     return {[start, &watch] { return watch.stop_requested() && std::chrono::steady_clock::now() - start > moment; },
             [](const auto&) {}};
