@@ -15,3 +15,4 @@ void add_check_command(CLI::App& app, int& status);
 // Arguments are the program's own, subcommand first.
 void add_orient_command(CLI::App& app, const std::vector<std::string>& arguments);
 void add_evaluate_command(CLI::App& app, const std::vector<std::string>& arguments);
+void add_export_command(CLI::App& app);
