@@ -16,3 +16,4 @@ void add_check_command(CLI::App& app, int& status);
 void add_orient_command(CLI::App& app, const std::vector<std::string>& arguments);
 void add_evaluate_command(CLI::App& app, const std::vector<std::string>& arguments);
 void add_export_command(CLI::App& app);
+void add_report_command(CLI::App& app);

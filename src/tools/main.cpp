@@ -27,6 +27,7 @@ int main(int argc, char** argv) {
     add_orient_command(app, arguments);
     add_evaluate_command(app, arguments);
     add_export_command(app);
+    add_report_command(app);
     try {
         app.parse(argc, argv);
     } catch (const CLI::ParseError& error) {
