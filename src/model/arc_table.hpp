@@ -6,7 +6,7 @@
 #include <cstddef>
 #include <vector>
 
-#include "model/network_graph.hpp"
+#include "model/graph_type.hpp"
 
 class arc_table {
  public:
