@@ -87,7 +87,7 @@ int main(int argc, char** argv) {
 
     IloModel model(env);
     name_objective();
-    print_phase("load", timed([&] { read_data(argv, model); }));
+    print_phase("load", timed([&] { read_data(files_below(argv[1]), model); }));
     print_phase("initial_graph", timed([&] { write_network(output + "initial_graph.txt"); }));
 
     std::vector<vertex_descriptor> iso_vec;

@@ -15,9 +15,7 @@ int run(int argc, char** argv, const solver::back_end& back_end) {
                   << std::endl;
         return 1;
     }
-    const std::string input = argv[1];
-    run_phases([&](const char* name) { return open_text_file(input + name); },
-               {.output = argv[2], .back_end = back_end, .watch = {}, .before_solving = [] {}});
+    run_phases(files_below(argv[1]), {.output = argv[2], .back_end = back_end, .watch = {}, .before_solving = [] {}});
     return 0;
 }
 

@@ -9,15 +9,6 @@
 
 namespace {
 
-// The message names the mode where it promises a file; it is kept so.
-vertex_descriptor find_or_report(protein_finder& proteins, const std::string& name, int directed) {
-    const vertex_descriptor protein = proteins.find(name);
-    if (protein == nullptr && directed != removed_interactions) {
-        std::cout << "ERROR: protein " << name << " not found in the list (in file = " << directed << ")" << std::endl;
-    }
-    return protein;
-}
-
 void remove_first_arc(vertex_descriptor tail, vertex_descriptor head) {
     const auto [arc, exists] = find_arc(tail, head);
     if (exists) {
@@ -33,11 +24,6 @@ bool is_present(vertex_descriptor first, vertex_descriptor second, int directed)
 
 }  // namespace
 
-int read_interaction(IloModel model, const char* file_name, int max_id, int directed) {
-    text_file file = open_text_file(file_name);
-    return read_interaction(model, file, max_id, directed);
-}
-
 int read_interaction(IloModel model, text_file& file, int max_id, int directed) {
     if (!file.opened) {
         std::cout << "ERROR: in file " << file.path << " not opened\n";
@@ -45,10 +31,15 @@ int read_interaction(IloModel model, text_file& file, int max_id, int directed) 
     }
     int num_interactions_read = 0;
     protein_finder proteins(max_id);
+    // The message names the mode where it promises a file; it is kept so.
+    const std::string where = "(in file = " + std::to_string(directed) + ")";
+    const auto find = [&](const std::string& name) {
+        return directed == removed_interactions ? proteins.find(name) : find_or_report(proteins, name, where);
+    };
     pair_record record;
     while (read_pair_record(file, record) && record.line_ended) {
-        const vertex_descriptor first = find_or_report(proteins, record.first, directed);
-        const vertex_descriptor second = find_or_report(proteins, record.second, directed);
+        const vertex_descriptor first = find(record.first);
+        const vertex_descriptor second = find(record.second);
         if (first == nullptr || second == nullptr) {
             continue;
         }

@@ -12,5 +12,4 @@ enum interaction_mode { directed_interactions = 1, undirected_interactions = 2, 
 // the first max_id table entries. Gives the number of lines taken: two known and
 // different names, present already or not; 0 in removal. A file that does not
 // open and unknown names are reported.
-int read_interaction(IloModel model, const char* file_name, int max_id, int directed);
 int read_interaction(IloModel model, text_file& file, int max_id, int directed);

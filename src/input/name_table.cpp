@@ -105,6 +105,14 @@ vertex_descriptor protein_finder::find(const std::string& name) {
     return found->protein;
 }
 
+vertex_descriptor find_or_report(protein_finder& proteins, const std::string& name, const std::string& where) {
+    const vertex_descriptor protein = proteins.find(name);
+    if (protein == nullptr) {
+        std::cout << "ERROR: protein " << name << " not found in the list " << where << std::endl;
+    }
+    return protein;
+}
+
 void number_network() {
     int next_arc = 0;
     for (const edge_descriptor& arc : boost::make_iterator_range(boost::edges(bi_graph))) {

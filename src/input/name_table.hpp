@@ -33,5 +33,8 @@ class protein_finder {
     std::vector<const protein_name_data*> found_;
 };
 
+// The same, and prints an error line where the name is not there; `where` ends that line.
+vertex_descriptor find_or_report(protein_finder& proteins, const std::string& name, const std::string& where);
+
 // Numbers arcs and vertices of bi_graph in list order, each from 0.
 void number_network();

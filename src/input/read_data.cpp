@@ -5,9 +5,8 @@
 #include "input/name_table.hpp"
 #include "input/test_reader.hpp"
 
-int read_data(char** argv, IloModel model) {
-    const std::string input = argv[1];
-    return read_data([&](const char* name) { return open_text_file(input + name); }, model);
+input_opener files_below(const std::string& prefix) {
+    return [prefix](const char* name) { return open_text_file(prefix + name); };
 }
 
 int read_data(const input_opener& open_input, IloModel model) {

@@ -7,18 +7,6 @@
 #include "input/orientation_arcs.hpp"
 #include "input/pair_record.hpp"
 
-namespace {
-
-vertex_descriptor find_or_report(protein_finder& proteins, const std::string& name) {
-    const vertex_descriptor protein = proteins.find(name);
-    if (protein == nullptr) {
-        std::cout << "ERROR: protein " << name << " not found in the list " << std::endl;
-    }
-    return protein;
-}
-
-}  // namespace
-
 void read_test_edges(IloModel model, text_file& file) {
     constexpr arc_marks listed_direction{.hidden = 1, .test = 1};
     constexpr arc_marks reverse_direction{.hidden = 2, .test = 0};
@@ -28,8 +16,8 @@ void read_test_edges(IloModel model, text_file& file) {
     protein_finder proteins(num_of_proteins);
     pair_record record;
     while (read_pair_record(file, record) && record.line_ended) {
-        const vertex_descriptor first = find_or_report(proteins, record.first);
-        const vertex_descriptor second = find_or_report(proteins, record.second);
+        const vertex_descriptor first = find_or_report(proteins, record.first, "");
+        const vertex_descriptor second = find_or_report(proteins, record.second, "");
         if (first == nullptr || second == nullptr) {
             continue;
         }

@@ -19,14 +19,7 @@ struct vertex_number {
     return number.value;
 }
 
-struct vertex_number_map {
-    using key_type = vertex_descriptor;
-    using value_type = vertex_number;
-    using reference = vertex_number;
-    using category = boost::readable_property_map_tag;
-};
-
-vertex_number get(vertex_number_map, vertex_descriptor vertex) {
+vertex_number number_of(vertex_descriptor vertex) {
     return {boost::get(vertex_myindex_map, vertex)};
 }
 
@@ -47,16 +40,20 @@ bool is_identifier(const std::string& name) {
     return is_identifier(label.name) ? label.name : boost::escape_dot_string(label.name);
 }
 
-struct protein_label_map {
-    using key_type = vertex_descriptor;
-    using value_type = protein_label;
-    using reference = protein_label;
-    using category = boost::readable_property_map_tag;
-};
-
-protein_label get(protein_label_map, vertex_descriptor vertex) {
+protein_label label_of(vertex_descriptor vertex) {
     return {boost::get(names_map, vertex)};
 }
+
+// What a function says of a vertex, as the library asks for it.
+template <typename value, value (*value_of)(vertex_descriptor)>
+struct vertex_map {
+    using key_type = vertex_descriptor;
+    using value_type = value;
+    using reference = value;
+    using category = boost::readable_property_map_tag;
+
+    friend value get(vertex_map, vertex_descriptor vertex) { return value_of(vertex); }
+};
 
 // The library flushes after every line; the file is complete when it is closed.
 struct unflushed_filebuf : std::filebuf {
@@ -66,8 +63,8 @@ struct unflushed_filebuf : std::filebuf {
 }  // namespace
 
 void write_network(std::ostream& out) {
-    boost::write_graphviz(out, bi_graph, boost::make_label_writer(protein_label_map()), epw(solution_graph),
-                          boost::default_writer(), vertex_number_map());
+    boost::write_graphviz(out, bi_graph, boost::make_label_writer(vertex_map<protein_label, label_of>()),
+                          epw(solution_graph), boost::default_writer(), vertex_map<vertex_number, number_of>());
 }
 
 void write_network(const std::string& path) {

@@ -69,6 +69,7 @@ TEST_F(network_files, reading_counts_lines_taken_and_removal_takes_both_directio
     EXPECT_EQ(rows(model).size(), 3u);
     read("B C 0.5\n", directed_interactions);
     EXPECT_EQ(arcs(), (lines{"AB 1 0 0 1", "BC 1 0 0 0.5"}));
-    EXPECT_EQ(read_interaction(model, "no/such/file", num_of_proteins, directed_interactions), 0);
+    text_file missing = open_text_file("no/such/file");
+    EXPECT_EQ(read_interaction(model, missing, num_of_proteins, directed_interactions), 0);
     EXPECT_EQ(printed(), "ERROR: in file no/such/file not opened\n");
 }

@@ -113,8 +113,7 @@ model_record example_model() {
     reset_run_state();
     const IloModel model(env);
     name_objective();
-    read_data([](const char* name) { return open_text_file(std::string(SOURCE_FOLDER "/example/").append(name)); },
-              model);
+    read_data(files_below(SOURCE_FOLDER "/example/"), model);
     std::vector<vertex_descriptor> copies;
     prepare_ilp(model, true, copy_network(copies));
     return IloCplex(model).record();
