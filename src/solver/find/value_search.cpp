@@ -1,5 +1,6 @@
 #include "solver/find/value_search.hpp"
 
+#include <chrono>
 #include <utility>
 
 #include "solver/find/local_search.hpp"
@@ -17,8 +18,9 @@ constexpr double hottest_reheating = 0.6;
 constexpr int patience = 8;  // reheatings that may gain nothing before a line ends
 constexpr int leader_patience = 15;
 constexpr int mergers = 4;
-constexpr int stages_between_notes = 10;   // of an annealing
-constexpr long moves_worth_settling = 10;  // per choice: what a recombination costs besides its moves
+constexpr int stages_between_notes = 10;                // of an annealing
+constexpr auto glance = std::chrono::milliseconds(50);  // between two looks at the watch
+constexpr long moves_worth_settling = 10;               // per choice: what a recombination costs besides its moves
 
 }  // namespace
 
@@ -28,7 +30,6 @@ class value_search::searcher {
     searcher(value_search& owner, long target)
         : owner_(owner),
           problem_(owner.problem_),
-          watch_(owner.watch_),
           target_(target),
           state_(problem_),
           every_choice_(problem_.choices.size(), 1),
@@ -119,7 +120,7 @@ class value_search::searcher {
 
     value_search& owner_;
     const contested_problem& problem_;
-    const solve_watch& watch_;
+    const solve_watch watch_{.stop_requested = [this] { return owner_.is_over_.load(); }};
     const long target_;
     shared_state state_;
     const std::vector<char> every_choice_;
@@ -129,8 +130,7 @@ class value_search::searcher {
 
 value_search::value_search(const contested_problem& problem, found_directions start, long target,
                            const solve_watch& watch)
-    : problem_(problem), best_(std::move(start)) {
-    watch_.stop_requested = [this, &watch] { return is_over_ || watch.stop_requested(); };
+    : problem_(problem), watch_(watch), best_(std::move(start)) {
     thread_ = std::thread([this, target] { run(target); });
 }
 
@@ -162,8 +162,16 @@ void value_search::publish(const found_directions& best, long more_moves) {
 }
 
 const found_directions& value_search::best_of(long moves) {
+    const auto has_enough = [&] { return moves_made_ >= moves || has_ended_; };
     std::unique_lock lock(mutex_);
-    wake_.wait(lock, [&] { return moves_made_ >= moves || has_ended_; });
+    while (!has_enough()) {
+        lock.unlock();
+        if (watch_.stop_requested()) {
+            is_over_ = true;
+        }
+        lock.lock();
+        wake_.wait_for(lock, glance, has_enough);
+    }
     if (failure_) {
         std::rethrow_exception(failure_);
     }

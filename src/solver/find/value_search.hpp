@@ -33,14 +33,14 @@ class value_search {
  public:
     // Begins at once, and ends once target is reached. The first line to lead is the start,
     // with a direction for every choice. Problem and watch must outlive this; the watch is
-    // asked from both threads.
+    // asked in best_of alone, by the thread that calls it.
     value_search(const contested_problem& problem, found_directions start, long target, const solve_watch& watch);
     ~value_search();
     value_search(const value_search&) = delete;
     value_search& operator=(const value_search&) = delete;
 
     // The best of the first so many moves, waited for. Numbers must not fall from call to
-    // call; no number is too large once a stop was requested.
+    // call; no number is too large once a stop was requested, which ends the search.
     const found_directions& best_of(long moves);
 
  private:
@@ -49,7 +49,7 @@ class value_search {
     void publish(const found_directions& best, long more_moves);
 
     const contested_problem& problem_;
-    solve_watch watch_;
+    const solve_watch& watch_;
     std::atomic<bool> is_over_ = false;
 
     std::mutex mutex_;  // for all below

@@ -27,6 +27,7 @@ struct solve_progress {
     double bound = infinity;
 };
 
+// Called from one thread at a time, as a rule the one that solves.
 struct solve_watch {
     std::function<bool()> stop_requested = [] { return false; };  // cheap; asked often
     std::function<void(const solve_progress&)> report = [](const auto&) {};

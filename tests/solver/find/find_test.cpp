@@ -1,7 +1,9 @@
 // The search for good directions against plain ways to do the same.
 #include <algorithm>
+#include <limits>
 #include <numeric>
 #include <random>
+#include <thread>
 
 #include <gtest/gtest.h>
 
@@ -101,6 +103,22 @@ TEST(value_search, finds_the_same_whenever_it_is_asked) {
     }
     EXPECT_EQ(one.best_of(500000).chosen, other.best_of(500000).chosen);
     EXPECT_GE(value_search(problem, start, least, watch).best_of(1L << 40).weight, least);  // ends at its target
+}
+
+TEST(value_search, asks_its_watch_from_one_thread_alone_and_ends_when_it_says_so) {
+    const contested_problem problem = reduce(*find_reach_structure(draw_reach_model(1, hard_plan(300)))).contested;
+    const shared_state state(problem);
+    const auto caller = std::this_thread::get_id();
+    bool stops = false;
+    solve_watch watch;
+    watch.stop_requested = [&] {
+        EXPECT_EQ(std::this_thread::get_id(), caller);
+        return stops;
+    };
+    value_search search(problem, {state.chosen(), state.weight()}, problem.total_weight() + 1, watch);
+    const long weight = search.best_of(100000).weight;
+    stops = true;
+    EXPECT_GE(search.best_of(std::numeric_limits<long>::max()).weight, weight);
 }
 
 TEST(recombination, weighs_more_than_either_of_two_drawn_at_random) {
