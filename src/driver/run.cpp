@@ -1,11 +1,14 @@
 #include "driver/run.hpp"
 
 #include <iostream>
+#include <new>
 
 #include <boost/graph/copy.hpp>
 #include <boost/graph/filtered_graph.hpp>
 
 #include "orientation/prepare_ilp.hpp"
+#include "process/held_output.hpp"
+#include "process/interruption.hpp"
 #include "report/compare.hpp"
 #include "report/graph_writer.hpp"
 
@@ -15,7 +18,21 @@ int run(int argc, char** argv, const solver::back_end& back_end) {
                   << std::endl;
         return 1;
     }
-    run_phases(files_below(argv[1]), {.output = argv[2], .back_end = back_end, .watch = {}, .before_solving = [] {}});
+    outlive_failed_writes();
+    const interruption signals;
+    solver::solve_watch watch;
+    watch.stop_requested = [&] { return signals.requested(); };
+    try {
+        run_phases(files_below(argv[1]),
+                   {.output = argv[2], .back_end = back_end, .watch = watch, .before_solving = [] {}});
+    } catch (const std::bad_alloc&) {
+        std::cout << "ERROR: out of memory" << std::endl;
+        throw;
+    } catch (...) {
+        // Nobody catches it. It went through here so that what was held back is printed.
+        std::cout.flush();
+        throw;
+    }
     return 0;
 }
 
@@ -50,12 +67,15 @@ IloCplex run_phases(const input_opener& open_input, const run_choices& choices) 
 
     choices.before_solving();
 
-    // Solves, and takes the losing arcs of the test pairs out of bi_graph.
+    // Solves, and takes the losing arcs of the test pairs out of bi_graph. What it has to
+    // say may wait for a reader; the answer must not.
+    const held_output said;
     compare(cplex, model, 0);
 
     // What is left is the solution.
     if (choices.output) {
         write_network(*choices.output + "solution_graph.txt");
+        release_answer();
     }
     return cplex;
 }

@@ -3,7 +3,7 @@
 #include <iostream>
 #include <iterator>
 
-#include "report/interruption.hpp"
+#include "process/interruption.hpp"
 #include "report/progress_line.hpp"
 
 namespace {
@@ -30,12 +30,11 @@ void set_priorities(IloCplex cplex) {
 }
 
 bool solve_watched(IloCplex cplex) {
-    const interruption signals;
     progress_line line;
     solver::solve_watch outer;
     outer = cplex.set_watch({[&] {
                                  line.renew();
-                                 return signals.requested() || outer.stop_requested();
+                                 return outer.stop_requested();
                              },
                              [&](const solver::solve_progress& progress) {
                                  line.set(progress);
@@ -48,6 +47,7 @@ bool solve_watched(IloCplex cplex) {
 
 void solve_or_throw(IloCplex cplex) {
     if (solve_watched(cplex)) {
+        hold_answer();
         return;
     }
     if (!cplex.failure_reason().empty()) {

@@ -5,8 +5,8 @@
 
 // Sets parameters and priorities, solves, prints status and value, and removes
 // from bi_graph every hidden arc whose reverse arc was chosen. `gap` is the
-// relative optimality gap in percent. While it solves, SIGINT or SIGTERM ends the solve
-// with the best solution so far (interruption.hpp), and a terminal on standard error
-// shows how far it is (progress_line.hpp). Always gives 0; without a solution it says
-// so on standard output and throws the int -1, which nobody catches.
+// relative optimality gap in percent. While it solves, a terminal on standard error shows
+// how far it is (progress_line.hpp), and the session's own watch may end the solve with
+// the best solution so far. Leaves with the answer held (interruption.hpp) and always
+// gives 0; without a solution it says so on standard output and throws the int -1.
 int compare(IloCplex cplex, IloModel model, int gap);

@@ -1,9 +1,8 @@
 #include "report/progress_line.hpp"
 
-#include <unistd.h>
-
 #include <cmath>
 #include <cstdio>
+#include <new>
 
 namespace {
 
@@ -16,23 +15,16 @@ std::string shown(const char* format, double value) {
     return std::isfinite(value) ? text : "-";
 }
 
-void write_to_terminal(const std::string& text) {
-    // Not worth a second try: the next line comes anyway.
-    [[maybe_unused]] const auto written = ::write(STDERR_FILENO, text.data(), text.size());
-}
-
 }  // namespace
-
-progress_line::progress_line() : on_terminal_(isatty(STDERR_FILENO) == 1) {}
 
 progress_line::~progress_line() {
     if (is_shown_) {
-        write_to_terminal(wipe);
+        terminal_.write(wipe);
     }
 }
 
 void progress_line::renew() {
-    if (!on_terminal_) {
+    if (!terminal_.is_open()) {
         return;
     }
     const clock::time_point now = clock::now();
@@ -40,9 +32,12 @@ void progress_line::renew() {
         return;
     }
     next_ = now + interval;
-    is_shown_ = true;
     const auto seconds = std::chrono::duration_cast<std::chrono::seconds>(now - start_).count();
-    write_to_terminal(wipe + describe(seconds, progress_));
+    try {
+        is_shown_ |= terminal_.write(wipe + describe(seconds, progress_)) > 0;
+    } catch (const std::bad_alloc&) {
+        // A line less does no harm to the solve.
+    }
 }
 
 std::string describe(long seconds, const solver::solve_progress& progress) {

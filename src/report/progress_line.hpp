@@ -4,14 +4,15 @@
 #include <chrono>
 #include <string>
 
+#include "process/terminal_writer.hpp"
 #include "solver/record/back_end.hpp"
 
 // Stands on standard error when that is a terminal, and nowhere otherwise. Appears
 // when a solve takes longer than a second, is written anew at most five times a
-// second, and is wiped away in the end.
+// second, and is wiped away in the end. One thread at a time.
 class progress_line {
  public:
-    progress_line();
+    progress_line() = default;
     ~progress_line();
     progress_line(const progress_line&) = delete;
     progress_line& operator=(const progress_line&) = delete;
@@ -22,7 +23,7 @@ class progress_line {
 
  private:
     using clock = std::chrono::steady_clock;
-    const bool on_terminal_;
+    const terminal_writer terminal_;
     const clock::time_point start_ = clock::now();
     clock::time_point next_ = start_ + std::chrono::seconds(1);
     bool is_shown_ = false;

@@ -1,74 +1,39 @@
-// The real program on a network whose best orientation takes longer to find than
-// anybody waits: interrupted, and watched on a terminal.
+// Signals at every time of a run: what they end, and that no answer is lost to them.
 #include <fcntl.h>
-#include <pty.h>
-#include <unistd.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
 
-#include <chrono>
-#include <csignal>
-#include <fstream>
-#include <regex>
-#include <thread>
+#include <tuple>
 
-#include "support/program.hpp"
+#include "driver/long_solve.hpp"
+
+using namespace std::chrono_literals;
 
 namespace {
 
-using namespace std::chrono_literals;
-using clock_type = std::chrono::steady_clock;
-
-// True while the process has handlers of its own, which is while it solves.
-bool catches_signals(pid_t process) {
-    std::ifstream status("/proc/" + std::to_string(process) + "/status");
-    for (std::string line; std::getline(status, line);) {
-        if (line.starts_with("SigCgt:")) {
-            return (std::stoull(line.substr(7), nullptr, 16) >> (SIGTERM - 1) & 1) != 0;
-        }
-    }
-    return false;
-}
-
-class interrupt_test : public program_test {
+class interrupt_test : public long_solve_test {
  protected:
-    void SetUp() override {
-        run_program({"in/", "proteins=2000", "directed=500", "undirected=4000", "test=500", "pairs=7000", "noise=0.6",
-                     "max_distance=8"},
-                    NETORIENT_GENERATE);
-        write("out/keep", "");
+    // A file that only gives its bytes once they are written into it.
+    void make_pipe(const std::string& path) const {
+        std::filesystem::remove(folder / path);
+        ASSERT_EQ(mkfifo((folder / path).c_str(), 0600), 0);
     }
 
-    pid_t start_solving(const std::string& program = {}, int error_stream = -1) const {
-        const pid_t process = start_program({"in/", "out/"}, program, error_stream);
-        for (const auto start = clock_type::now(); !catches_signals(process) && clock_type::now() - start < 60s;) {
-            std::this_thread::sleep_for(5ms);
-        }
+    pid_t start_reading_a_pipe() const {
+        const pid_t process = start_program({"in/", "out/"});
+        EXPECT_TRUE(comes_true([&] { return has_signal(process, "SigCgt", SIGTERM); }));
         return process;
     }
-
-    // Sends the signal and sees the program end as it should.
-    void interrupt(pid_t process, int signal_number) const {
-        const auto sent = clock_type::now();
-        kill(process, signal_number);
-        const program_result result = finish_program(process);
-        EXPECT_LT(clock_type::now() - sent, 2s);
-        EXPECT_EQ(result.exit_status, 0);
-        EXPECT_EQ(result.err, "");
-        int value = 0;
-        ASSERT_EQ(std::sscanf(result.out.c_str(), "Solution status = Feasible\nSolution value  = %d\ncplex", &value),
-                  1);
-        EXPECT_TRUE(value > 0 && value < 7000) << value;
-        EXPECT_TRUE(read("out/shortest.lp").ends_with("\nEnd\n"));
-        const std::string solution = read("out/solution_graph.txt");
-        EXPECT_TRUE(solution.ends_with("\n}\n"));
-        EXPECT_LT(solution.size(), read("out/initial_graph.txt").size());  // test arcs that lost are gone
-    }
 };
+
+constexpr auto past_the_burst = 1050ms;
 
 }  // namespace
 
 TEST_F(interrupt_test, ends_with_the_best_so_far) {
     const std::tuple<std::string, int, std::chrono::milliseconds> cases[] = {
-        {"", SIGINT, 0ms}, {"", SIGTERM, 1500ms}, {PLAIN_PROGRAM, SIGTERM, 0ms}, {PLAIN_PROGRAM, SIGINT, 4s}};
+        {"", SIGINT, 0ms},  {"", SIGTERM, 1500ms}, {PLAIN_PROGRAM, SIGTERM, 0ms}, {PLAIN_PROGRAM, SIGINT, 4s},
+        {"", SIGHUP, 50ms}, {"", SIGXCPU, 50ms},   {"", SIGUSR1, 50ms},           {"", SIGUSR2, 50ms}};
     for (const auto& [program, signal_number, delay] : cases) {
         const pid_t process = start_solving(program);
         std::this_thread::sleep_for(delay);
@@ -76,20 +41,92 @@ TEST_F(interrupt_test, ends_with_the_best_so_far) {
     }
 }
 
-TEST_F(interrupt_test, shows_its_progress_on_a_terminal) {
-    int terminal = -1;
-    int program_side = -1;
-    ASSERT_EQ(openpty(&terminal, &program_side, nullptr, nullptr, nullptr), 0);
-    const pid_t process = start_solving({}, program_side);
-    std::this_thread::sleep_for(2500ms);
-    interrupt(process, SIGINT);
+TEST_F(interrupt_test, takes_a_burst_of_signals_as_one_wish) {
+    for (const auto gap : {0ms, 10ms, 50ms, 300ms}) {
+        for (const int second : {SIGTERM, SIGINT}) {
+            const pid_t process = start_solving();
+            kill(process, SIGTERM);
+            std::this_thread::sleep_for(gap);
+            interrupt(process, second);
+        }
+    }
+}
 
-    std::string shown(1 << 16, '\0');
-    fcntl(terminal, F_SETFL, O_NONBLOCK);
-    shown.resize(static_cast<std::size_t>(std::max<ssize_t>(0, ::read(terminal, shown.data(), shown.size()))));
-    close(program_side);
-    close(terminal);
-    const std::string line = "\r\x1b\\[K\\d+ s: \\d+ pairs, bound (\\d+|-), gap (\\d+\\.\\d|-) %, [a-z ]+";
-    EXPECT_TRUE(std::regex_match(shown, std::regex("(" + line + "){2,20}\r\x1b\\[K"))) << shown;
-    EXPECT_NE(shown.find("\r\x1b[K2 s: "), std::string::npos) << shown;
+// It signals the program and then its group, at any time of the run.
+TEST_F(interrupt_test, loses_nothing_to_timeout) {
+    for (int run = 1; run <= 20; ++run) {
+        std::filesystem::remove_all(folder / "out");
+        write("out/keep", "");
+        const std::string command =
+            "exec timeout --preserve-status " + std::to_string(0.05 * run) + " " + program_path() + " in/ out/";
+        expect_feasible(run_program({"-c", command}, "/bin/sh"));
+    }
+}
+
+TEST_F(interrupt_test, remembers_a_signal_that_comes_before_the_solve) {
+    const std::string names = read("in/names.txt");
+    make_pipe("in/names.txt");
+    const pid_t process = start_reading_a_pipe();
+    kill(process, SIGTERM);
+    write("in/names.txt", names);
+    const auto fed = clock_type::now();
+    ASSERT_TRUE(comes_true([&] { return has_written("out/shortest.lp", "\nEnd\n"); }));
+    const auto solving = clock_type::now();
+    preparation = solving - fed;
+    expect_feasible(finish_program(process));
+    EXPECT_LT(clock_type::now() - solving, limit());
+}
+
+TEST_F(interrupt_test, ends_at_once_by_a_later_signal_while_there_is_no_answer) {
+    make_pipe("in/names.txt");
+    const pid_t process = start_reading_a_pipe();
+    kill(process, SIGTERM);
+    std::this_thread::sleep_for(past_the_burst);
+    kill(process, SIGHUP);
+    EXPECT_EQ(finish_program(process).signal, SIGHUP);
+}
+
+TEST_F(interrupt_test, writes_its_last_file_whatever_signals_come) {
+    make_pipe("out/solution_graph.txt");
+    const pid_t process = start_program({"in/", "out/"});
+    ASSERT_TRUE(comes_true([&] { return has_written("out/shortest.lp", "\nEnd\n"); }));
+    kill(process, SIGTERM);
+    // Now it waits for a reader of that file.
+    ASSERT_TRUE(comes_true([&] { return has_signal(process, "SigIgn", SIGQUIT); }));
+    std::this_thread::sleep_for(past_the_burst);
+    for (const int signal_number : {SIGTERM, SIGINT, SIGHUP, SIGXCPU, SIGUSR1, SIGUSR2, SIGQUIT, SIGALRM}) {
+        kill(process, signal_number);
+    }
+    const std::string solution = read("out/solution_graph.txt");
+    const program_result result = finish_program(process);
+    write("solution", solution);
+    std::filesystem::rename(folder / "solution", folder / "out/solution_graph.txt");
+    expect_feasible(result);
+}
+
+TEST_F(interrupt_test, leaves_ignored_what_was_ignored) {
+    const pid_t process = start_program({"-c", "trap '' INT HUP; exec " + program_path() + " in/ out/"}, "/bin/sh");
+    ASSERT_TRUE(comes_true([&] { return has_written("out/shortest.lp", "\nEnd\n"); }));
+    kill(process, SIGINT);
+    kill(process, SIGHUP);
+    std::this_thread::sleep_for(past_the_burst);       // so that the next would end it at once if they had counted
+    EXPECT_EQ(waitpid(process, nullptr, WNOHANG), 0);  // it goes on
+    interrupt(process, SIGTERM);
+}
+
+TEST_F(interrupt_test, outlives_its_limits_and_its_reader) {
+    // The system repeats SIGXCPU with each further second that both threads compute.
+    expect_feasible(run_program({"-c", "ulimit -S -t 1; exec " + program_path() + " in/ out/"}, "/bin/sh"));
+
+    // The reader has gone before the first message; tee goes like this at Ctrl-C.
+    write("in/names.txt", "A\nB\nC\nD\n");
+    write("in/test", "A B 1\n");
+    write("in/directed", "X Y 1\n");
+    write("in/undirected", "B C 1\n");
+    write("in/ko", "A C 1\n");
+    std::filesystem::remove(folder / "out/solution_graph.txt");
+    const std::string command = "(sleep 0.2; " + program_path() + " in/ out/; echo $? >status) | true";
+    run_program({"-c", command}, "/bin/sh");
+    EXPECT_EQ(read("status"), "0\n");
+    EXPECT_TRUE(has_written("out/solution_graph.txt", "\n}\n"));
 }

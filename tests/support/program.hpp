@@ -14,7 +14,8 @@ struct program_result {
     std::string err;
 };
 
-// Path of netorient-tools, as a program to run.
+// Paths of netorient and netorient-tools, as programs to run.
+std::string program_path();
 std::string tools_program();
 
 class program_test : public testing::Test {
@@ -28,8 +29,10 @@ class program_test : public testing::Test {
     bool exists(const std::string& path) const { return std::filesystem::exists(folder / path); }
     // Runs inside the folder; without a path given, the program itself.
     program_result run_program(std::vector<std::string> arguments, std::string program = {}) const;
-    // The two halves of that. A stream given here takes the place of standard error's file.
-    pid_t start_program(std::vector<std::string> arguments, std::string program = {}, int error_stream = -1) const;
+    // The two halves of that. Streams given here take the place of standard error's and
+    // standard output's file. What does not end in two minutes is killed.
+    pid_t start_program(std::vector<std::string> arguments, std::string program = {}, int error_stream = -1,
+                        int output_stream = -1) const;
     program_result finish_program(pid_t process) const;
 
     std::filesystem::path folder;
