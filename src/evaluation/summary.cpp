@@ -42,19 +42,24 @@ std::string listed(const std::vector<std::string>& names) {
     return text;
 }
 
-// A class may be relied on when all of its interval lies above the level; where it is the
-// smallness of the class that keeps it from that, it is said.
-std::string about_classes(const evaluation_summary& summary, double level) {
+// A class may be relied on when all of its interval lies above a coin and the best
+// baseline. What keeps another from that is said: the baseline, or its smallness.
+std::string about_classes(const evaluation_summary& summary, double baseline) {
     constexpr long few = 30;
     std::vector<std::string> reliable;
-    std::vector<std::string> unreliable;
+    std::vector<std::string> above_coin;
     std::vector<std::string> too_few;
+    std::vector<std::string> unreliable;
     for (const share_line& line : summary.classes) {
-        if (line.oriented == 0) {
-            continue;
+        if (line.oriented > 0) {
+            const double lower = line.range().lower;
+            const bool may_be_above = line.oriented < few && line.range().upper > 0.5;
+            (lower > std::max(0.5, baseline) ? reliable
+             : lower > 0.5                   ? above_coin
+             : may_be_above                  ? too_few
+                                             : unreliable)
+                .push_back(line.name);
         }
-        const bool is_above = line.range().lower > level;
-        (is_above ? reliable : line.oriented < few && line.share() > level ? too_few : unreliable).push_back(line.name);
     }
     std::string text;
     const auto add = [&](const std::vector<std::string>& names, const char* what) {
@@ -63,9 +68,11 @@ std::string about_classes(const evaluation_summary& summary, double level) {
         }
     };
     add(reliable, " may be relied on");
+    add(above_coin, above_coin.size() == 1 ? " is better than a coin, but no better than that baseline"
+                                           : " are better than a coin, but no better than that baseline");
+    add(too_few, too_few.size() == 1 ? " is too small a class to tell" : " are too small classes to tell");
     add(unreliable, " may not be relied on");
-    add(too_few, too_few.size() == 1 ? " is too small to tell" : " are too small to tell");
-    return " By these figures: " + text + ".";
+    return " By regret: " + text + ".";
 }
 
 }  // namespace

@@ -4,6 +4,7 @@
 #include <memory>
 
 #include "evaluation/evaluation_tables.hpp"
+#include "process/interruption.hpp"
 #include "tables/whole_file.hpp"
 #include "tools/commands.hpp"
 #include "tools/run_options.hpp"
@@ -28,12 +29,14 @@ void evaluate(const evaluate_options& options, const std::vector<std::string>& a
     const input_files input = read_input_files(options.run.input);
     const std::string output = output_folder(options.run.output);
 
+    const interruption signals;
     evaluation_choices choices;
     choices.way =
         static_cast<way_of_hiding>(std::find(way_names.begin(), way_names.end(), options.way) - way_names.begin());
     choices.folds = options.folds;
     choices.seed = options.seed;
     choices.run = choices_of(options.run);
+    choices.run.stop_requested = [&] { return signals.requested(); };
     if (choices.way != way_of_hiding::folds) {
         choices.run.output = folder_of_run(output, choices.way);
         remove_answer(*choices.run.output);

@@ -1,6 +1,7 @@
 // netorient-tools orient: the run, and what its answer rests on.
 #include <memory>
 
+#include "process/interruption.hpp"
 #include "tools/commands.hpp"
 #include "tools/run_options.hpp"
 
@@ -12,7 +13,9 @@ void orient(const run_options& options, const std::vector<std::string>& argument
     const std::string output = output_folder(options.output);
     remove_answer(output);
 
+    const interruption signals;
     answer_choices choices = choices_of(options);
+    choices.stop_requested = [&] { return signals.requested(); };
     choices.output = output;
     const answered_run run = answer_run(input, choices);
     write_answer(output, input, run, clock.now());
