@@ -66,7 +66,7 @@ TEST_F(comparison, hands_settings_and_priorities_to_the_solver) {
         boost::put(test_map, arc, counter == 4 ? 22 : 0);
     }
     solve_with({}, 5);
-    EXPECT_EQ(asked.column_priority, (std::vector<double>{0, 0, 1, 2, 0, 0}));  // the last one of solve_with
+    EXPECT_EQ(asked.column_priority, (std::vector<double>{0, 0, 1, 2}));  // the last one of solve_with
     EXPECT_EQ(asked.settings.root_algorithm, 3);
     EXPECT_EQ(asked.settings.variable_selection, 3);
     EXPECT_EQ(asked.settings.work_memory, 1280.0);

@@ -110,8 +110,8 @@ void loaded_problem::add_columns(const model_record& record) const {
             type[c] = lower[c] >= 0.0 && upper[c] <= 1.0 ? 'B' : 'I';
         }
     }
-    require(calls.CPXnewcols(env, lp, record.num_columns(), record.column_objective.data(), lower.data(), upper.data(),
-                             record.has_integral_column() ? type.data() : nullptr, nullptr));
+    require(calls.CPXnewcols(env, lp, record.num_columns(), record.column_objective.plain().data(), lower.data(),
+                             upper.data(), record.has_integral_column() ? type.data() : nullptr, nullptr));
     require(calls.CPXchgobjsen(env, lp, record.maximize ? maximize : minimize));
     require(calls.CPXchgobjoffset(env, lp, record.objective_constant));
 }
@@ -140,7 +140,7 @@ void loaded_problem::add_rows(const model_record& record) const {
     const std::vector<int> starts(record.row_start.begin(), record.row_start.end());
     require(calls.CPXaddrows(env, lp, 0, record.num_rows(), static_cast<int>(record.row_column.size()),
                              right_side.data(), sense.data(), starts.data(), record.row_column.data(),
-                             record.row_value.data(), nullptr, nullptr));
+                             record.row_value.plain().data(), nullptr, nullptr));
     if (!ranged.empty()) {
         require(calls.CPXchgrngval(env, lp, static_cast<int>(ranged.size()), ranged.data(), range.data()));
     }
@@ -149,10 +149,10 @@ void loaded_problem::add_rows(const model_record& record) const {
 void loaded_problem::add_order(const model_record& record) const {
     std::vector<int> columns;
     std::vector<int> priorities;
-    for (int c = 0; c < record.num_columns(); ++c) {
-        const double priority = record.column_priority[static_cast<std::size_t>(c)];
-        if (priority > 0.0 && record.column_integral[static_cast<std::size_t>(c)] != 0) {
-            columns.push_back(c);
+    for (std::size_t c = 0; c < record.column_priority.size(); ++c) {
+        const double priority = record.column_priority[c];
+        if (priority > 0.0 && record.column_integral[c] != 0) {
+            columns.push_back(static_cast<int>(c));
             priorities.push_back(whole_priority(priority));
         }
     }

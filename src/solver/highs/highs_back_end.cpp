@@ -36,11 +36,16 @@ HighsInt pass_model(const highs_handle& highs, const model_record& record) {
     const HighsInt num_rows = record.num_rows();
     const std::vector<HighsInt> starts(record.row_start.begin(), record.row_start.end());
     const std::vector<HighsInt> integrality(record.column_integral.begin(), record.column_integral.end());
+    const std::vector<double> objective = record.column_objective.plain();
+    const std::vector<double> lower = record.column_lower.plain();
+    const std::vector<double> upper = record.column_upper.plain();
+    const std::vector<double> row_lower = record.row_lower.plain();
+    const std::vector<double> row_upper = record.row_upper.plain();
+    const std::vector<double> values = record.row_value.plain();
     return Highs_passMip(highs.get(), num_columns, num_rows, static_cast<HighsInt>(record.row_column.size()),
                          kHighsMatrixFormatRowwise, record.maximize ? kHighsObjSenseMaximize : kHighsObjSenseMinimize,
-                         record.objective_constant, record.column_objective.data(), record.column_lower.data(),
-                         record.column_upper.data(), record.row_lower.data(), record.row_upper.data(), starts.data(),
-                         record.row_column.data(), record.row_value.data(), integrality.data());
+                         record.objective_constant, objective.data(), lower.data(), upper.data(), row_lower.data(),
+                         row_upper.data(), starts.data(), record.row_column.data(), values.data(), integrality.data());
 }
 
 }  // namespace

@@ -104,7 +104,7 @@ class line_filler {
 };
 
 // Terms with a coefficient, and those columns that would not be named otherwise.
-void add_objective(const model_record& record, const name_list& columns, text_block& text) {
+void add_objective(const model_record& record, const lp_names& columns, text_block& text) {
     std::vector<char> in_row(columns.size(), 0);
     for (std::size_t t = 0; t < record.row_column.size(); ++t) {
         if (record.row_value[t] != 0.0) {
@@ -137,8 +137,8 @@ void add_right_side(line_filler& line, double lower, double upper) {
     }
 }
 
-void add_rows(const model_record& record, const name_list& columns, text_block& text) {
-    const name_list rows = lp_names(record.row_names, 'c');
+void add_rows(const model_record& record, const lp_names& columns, text_block& text) {
+    const lp_names rows(record.row_names, 'c');
     std::size_t width = 0;
     for (std::size_t r = 0; r < rows.size(); ++r) {
         width = std::max(width, rows[r].size());
@@ -157,7 +157,7 @@ void add_rows(const model_record& record, const name_list& columns, text_block& 
     }
 }
 
-void add_bounds(const model_record& record, const name_list& columns, text_block& text) {
+void add_bounds(const model_record& record, const lp_names& columns, text_block& text) {
     std::string_view title = "Bounds\n";
     for (std::size_t c = 0; c < columns.size(); ++c) {
         const double lower = record.column_lower[c];
@@ -184,7 +184,7 @@ void add_bounds(const model_record& record, const name_list& columns, text_block
 }
 
 // One blank before a line's first name and two after each name but its last.
-void add_integral_columns(const model_record& record, const name_list& columns, bool binary, std::string_view title,
+void add_integral_columns(const model_record& record, const lp_names& columns, bool binary, std::string_view title,
                           text_block& text) {
     std::size_t length = 0;
     for (std::size_t c = 0; c < columns.size(); ++c) {
@@ -214,7 +214,7 @@ void add_integral_columns(const model_record& record, const name_list& columns, 
 }  // namespace
 
 void write_lp(const model_record& record, std::ostream& out) {
-    const name_list columns = lp_names(record.column_names, 'x');
+    const lp_names columns(record.column_names, 'x');
     text_block text(out);
     text.add("\\ENCODING=ISO-8859-1\n\\Problem name: \n\n");
     text.add(record.maximize ? "Maximize\n" : "Minimize\n");

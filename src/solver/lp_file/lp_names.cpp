@@ -52,12 +52,6 @@ void add_legal(std::string_view name, name_list& legal) {
     }
 }
 
-void add_number(std::size_t value, name_list& legal) {
-    char digits[20];
-    const char* end = std::to_chars(digits, digits + sizeof digits, value).ptr;
-    legal.add_part({digits, static_cast<std::size_t>(end - digits)});
-}
-
 // A name that some unnamed item gets by default.
 bool is_default_name(std::string_view name, char prefix, const name_list& names) {
     if (name.size() < 2 || name[0] != prefix || name[1] == '0') {
@@ -82,24 +76,35 @@ bool need_tags(const name_list& names, char prefix) {
 
 }  // namespace
 
-name_list lp_names(const name_list& names, char prefix) {
-    const bool tagged = need_tags(names, prefix);
-    name_list legal;
-    legal.reserve(names.size());
+lp_names::lp_names(const name_list& names, char prefix) : prefix_(prefix), tagged_(need_tags(names, prefix)) {
     for (std::size_t i = 0; i < names.size(); ++i) {
-        if (names[i].empty()) {
-            legal.add_part(prefix);
-            add_number(i + 1, legal);
-        } else {
-            add_legal(names[i], legal);
+        const std::string_view name = names[i];
+        if (!name.empty()) {
+            add_legal(name, legal_);
+            if (tagged_) {
+                char digits[20];
+                const char* end = std::to_chars(digits, digits + sizeof digits, i).ptr;
+                legal_.add_part('#');
+                legal_.add_part({digits, static_cast<std::size_t>(end - digits)});
+            }
         }
-        if (tagged) {
-            legal.add_part('#');
-            add_number(i, legal);
-        }
-        legal.end_name();
+        legal_.end_name();
     }
-    return legal;
+}
+
+std::string_view lp_names::operator[](std::size_t index) const {
+    const std::string_view kept = legal_[index];
+    if (!kept.empty()) {
+        return kept;
+    }
+    char* end = made_;
+    *end++ = prefix_;
+    end = std::to_chars(end, made_ + sizeof made_, index + 1).ptr;
+    if (tagged_) {
+        *end++ = '#';
+        end = std::to_chars(end, made_ + sizeof made_, index).ptr;
+    }
+    return {made_, static_cast<std::size_t>(end - made_)};
 }
 
 }  // namespace solver

@@ -1,5 +1,5 @@
 // The modelling operations that the program uses: handles over one environment
-// that owns everything made in it. Handles are a pointer each and copied freely;
+// that owns everything made in it. Handles are two words each and copied freely;
 // nothing is released before the environment is, and the run never ends it.
 //
 // Misuse throws IloException: a value asked for before a solve, a variable that
@@ -17,13 +17,11 @@
 
 namespace solver {
 struct environment_data;
-struct variable_data;
 struct expression_data;
-struct constraint_data;
-struct objective_data;
 struct model_data;
-struct extractable_data;
 struct session_data;
+
+enum class extractable_kind : unsigned char { none, variable, constraint, objective };
 }  // namespace solver
 
 class IloException : public std::runtime_error {
@@ -44,20 +42,30 @@ class IloEnv {
 class IloExtractable {
  public:
     IloExtractable() = default;
-    explicit IloExtractable(solver::extractable_data* data) : data_(data) {}
+    IloExtractable(solver::environment_data* environment, solver::extractable_kind kind, int index, unsigned id)
+        : environment_(environment), index_(index), kind_(static_cast<unsigned>(kind)), id_(id) {}
     void setName(const char* name) const;
     const char* getName() const;  // null when unnamed
     long getId() const;           // unique in the environment, in order of creation
-    bool empty() const { return data_ == nullptr; }
-    solver::extractable_data* data() const { return data_; }
+    bool empty() const { return environment_ == nullptr; }
+
+    solver::environment_data* environment() const { return environment_; }
+    solver::extractable_kind kind() const { return static_cast<solver::extractable_kind>(kind_); }
+    int index() const { return index_; }  // among all of its kind in the environment
+
+    static constexpr long most_items = 1L << 30;  // of an environment
 
  private:
-    solver::extractable_data* data_ = nullptr;
+    solver::environment_data* environment_ = nullptr;
+    int index_ = -1;
+    unsigned kind_ : 2 = 0;
+    unsigned id_ : 30 = 0;
 };
 
 // Adds a new variable to an objective with coefficient 1.
 struct IloAddNumVar {
-    solver::objective_data* objective;
+    solver::environment_data* environment;
+    int objective;
 };
 
 class IloNumVar : public IloExtractable {
@@ -67,7 +75,8 @@ class IloNumVar : public IloExtractable {
     IloNumVar() = default;
     IloNumVar(IloEnv env, double lower, double upper, Type type, const char* name = nullptr);
     IloNumVar(const IloAddNumVar& column, double lower, double upper, Type type, const char* name = nullptr);
-    solver::variable_data* variable() const;
+    explicit IloNumVar(const IloExtractable& item) : IloExtractable(item) {}
+    int variable() const;  // its index; throws where there is none
 };
 
 class IloNumVarArray {
@@ -78,7 +87,13 @@ class IloNumVarArray {
     IloNumVar operator[](int index) const;
 
  private:
-    std::shared_ptr<std::vector<IloNumVar>> items_;
+    // A handle of 16 bytes for every flow would be more than all that the rows hold of it.
+    struct item {
+        int variable;
+        unsigned id;
+    };
+    struct items;
+    std::shared_ptr<items> items_;
 };
 
 // A variable with its coefficient. Most rows are made of single variables, and those
@@ -110,8 +125,7 @@ IloNumTerm operator*(int coefficient, const IloNumVar& variable);
 class IloConstraint : public IloExtractable {
  public:
     IloConstraint() = default;
-    explicit IloConstraint(solver::constraint_data* data);
-    solver::constraint_data* constraint() const;
+    explicit IloConstraint(const IloExtractable& item) : IloExtractable(item) {}
 };
 
 IloConstraint operator<=(const IloExpr& left, double right);
@@ -127,7 +141,6 @@ class IloObjective : public IloExtractable {
     IloObjective() = default;
     IloObjective(IloEnv env, double constant, Sense sense, const char* name = nullptr);
     IloAddNumVar operator()() const;
-    solver::objective_data* objective() const;
 };
 
 class IloModel {

@@ -1,69 +1,43 @@
-// What the handles of concert.hpp point to. The environment owns all of it.
+// What the handles of concert.hpp stand for. The environment owns all of it, item by item
+// in arrays: a large model has tens of millions of variables, rows and terms, and half of
+// them would fit into memory as records of their own.
 #pragma once
 
 #include <algorithm>
 #include <cstddef>
-#include <deque>
 #include <memory>
 #include <vector>
 
 #include "solver/modelling/concert.hpp"
+#include "solver/record/number_list.hpp"
 
 namespace solver {
 
-// Many short arrays that stay where they are, in blocks: no growth moves them and
-// none is released by itself.
-template <typename item>
-class block_store {
+// The names of the few items that have one; the text stays where it is.
+class sparse_names {
  public:
-    item* take(std::size_t count) {
-        if (count > left_) {
-            left_ = std::max(count, block_size);
-            blocks_.emplace_back(new item[left_]);  // left as it is: every item taken is written
-            next_ = blocks_.back().get();
-        }
-        left_ -= count;
-        next_ += count;
-        return next_ - count;
-    }
+    const char* name_of(int index) const;  // null = unnamed
+    void set(int index, const char* name);
 
  private:
-    static constexpr std::size_t block_size = std::size_t{1} << 12;
-    std::vector<std::unique_ptr<item[]>> blocks_;
-    item* next_ = nullptr;
+    struct entry {
+        int index;
+        const char* name;
+    };
+    const char* kept(const char* name);
+
+    std::vector<entry> entries_;  // by index
+    std::vector<std::unique_ptr<char[]>> blocks_;
+    char* next_ = nullptr;
     std::size_t left_ = 0;
 };
 
 struct linear_term {
-    int variable;  // position among the environment's variables
+    int variable;  // index
     double coefficient;
 };
 
-enum class extractable_kind { variable, constraint, objective };
-
-struct extractable_data {
-    environment_data* environment;
-    long id;
-    extractable_kind kind;
-    const char* name = nullptr;  // null = unnamed
-};
-
-struct variable_data : extractable_data {
-    double lower;
-    double upper;
-    IloNumVar::Type type;
-    int index;  // position among the environment's variables
-};
-
-// The terms of constraints stand in the environment: most rows have two or three,
-// too few for a vector each.
-struct constraint_data : extractable_data {
-    const linear_term* terms;
-    std::size_t num_terms;
-    double upper;
-};
-
-struct objective_data : extractable_data {
+struct objective_data {
     double constant;
     IloObjective::Sense sense;
     std::vector<linear_term> terms;
@@ -75,21 +49,38 @@ struct expression_data {
     std::vector<linear_term> terms;
 };
 
-// Deques, because handles point into them.
 struct environment_data {
     long next_id = 1;
     long changes = 0;  // raised by all that a model's record may show
-    std::deque<variable_data> variables;
-    std::deque<constraint_data> constraints;
-    std::deque<objective_data> objectives;
-    block_store<char> names;
-    block_store<linear_term> row_terms;
+
+    number_list variable_lower;
+    number_list variable_upper;
+    std::vector<char> variable_integral;
+    sparse_names variable_names;
+
+    // Rows one after another: sum of coefficient * variable <= upper.
+    std::vector<std::size_t> row_start{0};
+    std::vector<int> row_variable;
+    number_list row_coefficient;
+    number_list row_upper;
+    sparse_names row_names;
+
+    std::vector<objective_data> objectives;
+    sparse_names objective_names;
+
+    int num_variables() const { return static_cast<int>(variable_integral.size()); }
 };
 
 struct model_data {
     environment_data* environment;
-    std::vector<constraint_data*> constraints;
-    objective_data* objective = nullptr;
+    // Constraints in the order in which they were added: those that follow one another in
+    // the environment, too, as one range.
+    struct range {
+        int first;
+        int last;
+    };
+    std::vector<range> constraints;
+    int objective = -1;
 };
 
 // Where each variable of the environment stands in a record; -1 = not in the model.

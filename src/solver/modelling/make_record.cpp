@@ -9,81 +9,86 @@ namespace {
 
 using row_term = std::pair<int, double>;  // column, coefficient
 
-std::string_view name_of(const extractable_data& item) {
-    return item.name == nullptr ? std::string_view() : item.name;
-}
-
 class record_maker {
  public:
     record_maker(const model_data& model, column_index& columns)
         : environment_(*model.environment), model_(model), columns_(columns) {}
 
     model_record make() {
-        columns_.assign(environment_.variables.size(), -1);
+        columns_.assign(static_cast<std::size_t>(environment_.num_variables()), -1);
         reserve();
-        for (const constraint_data* constraint : model_.constraints) {
-            append_row(*constraint);
-        }
-        record_.row_lower.assign(record_.row_upper.size(), -infinity);
-        if (model_.objective != nullptr) {
-            for (const linear_term& term : model_.objective->terms) {
-                column_of(term.variable);
+        for (const model_data::range& range : model_.constraints) {
+            for (int row = range.first; row < range.last; ++row) {
+                append_row(row);
             }
         }
-        const auto num_columns = static_cast<std::size_t>(record_.num_columns());
-        record_.column_objective.assign(num_columns, 0.0);
-        record_.column_priority.assign(num_columns, 0.0);
-        if (model_.objective != nullptr) {
-            add_objective(*model_.objective);
+        record_.row_lower.assign(record_.row_upper.size(), -infinity);
+        if (model_.objective >= 0) {
+            const objective_data& objective = environment_.objectives[static_cast<std::size_t>(model_.objective)];
+            for (const linear_term& term : objective.terms) {
+                column_of(term.variable);
+            }
+            record_.column_objective.assign(record_.column_integral.size(), 0.0);
+            add_objective(objective);
+        } else {
+            record_.column_objective.assign(record_.column_integral.size(), 0.0);
         }
         return std::move(record_);
     }
 
  private:
     void reserve() {
+        std::size_t num_rows = 0;
         std::size_t num_terms = 0;
-        for (const constraint_data* constraint : model_.constraints) {
-            num_terms += constraint->num_terms;
+        for (const model_data::range& range : model_.constraints) {
+            num_rows += static_cast<std::size_t>(range.last - range.first);
+            num_terms += environment_.row_start[static_cast<std::size_t>(range.last)] -
+                         environment_.row_start[static_cast<std::size_t>(range.first)];
         }
-        record_.row_start.reserve(model_.constraints.size() + 1);
-        record_.row_upper.reserve(model_.constraints.size());
-        record_.row_names.reserve(model_.constraints.size());
+        record_.row_start.reserve(num_rows + 1);
+        record_.row_upper.reserve(num_rows);
         record_.row_column.reserve(num_terms);
         record_.row_value.reserve(num_terms);
     }
 
-    int column_of(int index) {
-        int& column = columns_[static_cast<std::size_t>(index)];
+    int column_of(int variable) {
+        const auto index = static_cast<std::size_t>(variable);
+        int& column = columns_[index];
         if (column < 0) {
-            const variable_data& variable = environment_.variables[static_cast<std::size_t>(index)];
             column = record_.num_columns();
-            record_.column_lower.push_back(variable.lower);
-            record_.column_upper.push_back(variable.upper);
-            record_.column_integral.push_back(variable.type == IloNumVar::Bool ? 1 : 0);
-            record_.column_names.push_back(name_of(variable));
+            record_.column_lower.push_back(environment_.variable_lower[index]);
+            record_.column_upper.push_back(environment_.variable_upper[index]);
+            record_.column_integral.push_back(environment_.variable_integral[index]);
+            add_name(environment_.variable_names, variable, record_.column_names);
         }
         return column;
     }
 
+    static void add_name(const sparse_names& names, int index, name_list& list) {
+        const char* name = names.name_of(index);
+        list.push_back(name == nullptr ? std::string_view() : name);
+    }
+
     // Terms in column order, a repeated variable once.
-    void append_row(const constraint_data& constraint) {
+    void append_row(int row) {
+        const auto index = static_cast<std::size_t>(row);
         row_.clear();
-        for (std::size_t i = 0; i < constraint.num_terms; ++i) {
-            row_.emplace_back(column_of(constraint.terms[i].variable), constraint.terms[i].coefficient);
+        for (std::size_t t = environment_.row_start[index]; t < environment_.row_start[index + 1]; ++t) {
+            row_.emplace_back(column_of(environment_.row_variable[t]), environment_.row_coefficient[t]);
         }
         sort_row();
         const std::size_t first = record_.row_column.size();
         for (const auto& [column, value] : row_) {
             if (record_.row_column.size() > first && record_.row_column.back() == column) {
-                record_.row_value.back() += value;
+                record_.row_value.set(record_.row_value.size() - 1, record_.row_value.back() + value);
             } else {
                 record_.row_column.push_back(column);
                 record_.row_value.push_back(value);
             }
         }
         record_.row_start.push_back(record_.row_column.size());
-        record_.row_upper.push_back(constraint.upper);
-        record_.row_names.push_back(name_of(constraint));
+        record_.row_upper.push_back(environment_.row_upper[index]);
+        add_name(environment_.row_names, row, record_.row_names);
     }
 
     // Most rows are a term or two out of order, and the library's stable sort asks for
@@ -106,11 +111,13 @@ class record_maker {
 
     void add_objective(const objective_data& objective) {
         for (const linear_term& term : objective.terms) {
-            record_.column_objective[static_cast<std::size_t>(column_of(term.variable))] += term.coefficient;
+            const auto column = static_cast<std::size_t>(column_of(term.variable));
+            record_.column_objective.set(column, record_.column_objective[column] + term.coefficient);
         }
         record_.maximize = objective.sense == IloObjective::Maximize;
         record_.objective_constant = objective.constant;
-        record_.objective_name = name_of(objective);
+        const char* name = environment_.objective_names.name_of(model_.objective);
+        record_.objective_name = name == nullptr ? "" : name;
     }
 
     const environment_data& environment_;

@@ -22,11 +22,11 @@ struct session_data {
 
     // Made at the first export or solve, and again when the environment has changed.
     model_record record;
-    column_index record_columns;
+    std::shared_ptr<const column_index> record_columns = std::make_shared<column_index>();
     long changes_at_record = -1;
 
     solve_answer answer;
-    column_index columns;  // of the last solve
+    std::shared_ptr<const column_index> columns = record_columns;  // of the last solve
 };
 
 }  // namespace solver
@@ -59,15 +59,20 @@ bool has_solution(const solve_answer& answer) {
 
 const model_record& current_record(session_data& session) {
     if (session.changes_at_record != session.model->environment->changes) {
-        session.record = make_record(*session.model, session.record_columns);
+        column_index columns;
+        session.record = {};  // its memory first
+        session.record = make_record(*session.model, columns);
+        session.record_columns = std::make_shared<const column_index>(std::move(columns));
         session.changes_at_record = session.model->environment->changes;
     }
     session.record.settings = session.settings;
-    const std::size_t known = std::min(session.priorities.size(), session.record_columns.size());
+    const std::size_t known = std::min(session.priorities.size(), session.record_columns->size());
+    std::vector<double>& priorities = session.record.column_priority;
     for (std::size_t v = 0; v < known; ++v) {
-        const int column = session.record_columns[v];
+        const int column = (*session.record_columns)[v];
         if (column >= 0) {
-            session.record.column_priority[static_cast<std::size_t>(column)] = session.priorities[v];
+            priorities.resize(std::max(priorities.size(), static_cast<std::size_t>(column) + 1), 0.0);
+            priorities[static_cast<std::size_t>(column)] = session.priorities[v];
         }
     }
     return session.record;
@@ -139,7 +144,7 @@ void IloCplex::setParam(NumParam parameter, double value) {
 }
 
 void IloCplex::setPriority(const IloNumVar& variable, double priority) {
-    const auto index = static_cast<std::size_t>(variable.variable()->index);
+    const auto index = static_cast<std::size_t>(variable.variable());
     require_between("a priority", priority, 0.0, 1e9);
     if (index >= data_->priorities.size()) {
         data_->priorities.resize(index + 1, 0.0);
@@ -178,8 +183,8 @@ double IloCplex::getValue(const IloNumVar& variable) const {
 }
 
 int IloCplex::column_of(const IloNumVar& variable) const {
-    const auto index = static_cast<std::size_t>(variable.variable()->index);
-    return index < data_->columns.size() ? data_->columns[index] : -1;
+    const auto index = static_cast<std::size_t>(variable.variable());
+    return index < data_->columns->size() ? (*data_->columns)[index] : -1;
 }
 
 const model_record& IloCplex::solved_record() const {

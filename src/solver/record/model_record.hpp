@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "solver/record/name_list.hpp"
+#include "solver/record/number_list.hpp"
 
 namespace solver {
 
@@ -27,19 +28,19 @@ struct solve_settings {
 // Columns in the order in which they first appear in the rows; rows in the order
 // in which they were added, stored one after the other (compressed sparse rows).
 struct model_record {
-    std::vector<double> column_lower;
-    std::vector<double> column_upper;
+    number_list column_lower;
+    number_list column_upper;
     std::vector<char> column_integral;  // 1 = must take an integer value
-    std::vector<double> column_objective;
-    std::vector<double> column_priority;  // branching priority, 0 = none
+    number_list column_objective;
+    std::vector<double> column_priority;  // branching priority, 0 = none; as many as are needed
     name_list column_names;               // empty = unnamed
 
     std::vector<std::size_t> row_start{0};  // number of rows + 1 entries
     std::vector<int> row_column;
-    std::vector<double> row_value;
-    std::vector<double> row_lower;  // -infinity = none
-    std::vector<double> row_upper;  // infinity = none
-    name_list row_names;            // empty = unnamed
+    number_list row_value;
+    number_list row_lower;  // -infinity = none
+    number_list row_upper;  // infinity = none
+    name_list row_names;    // empty = unnamed
 
     bool maximize = true;
     double objective_constant = 0.0;

@@ -22,9 +22,9 @@ std::vector<int> column_order(const reach_structure& structure) {
     return order;
 }
 
-template <typename value_type>
-std::vector<value_type> picked(const std::vector<value_type>& values, const std::vector<int>& order) {
-    std::vector<value_type> result;
+template <typename list_type>
+list_type picked(const list_type& values, const std::vector<int>& order) {
+    list_type result;
     result.reserve(order.size());
     for (const int index : order) {
         result.push_back(values[at(index)]);
@@ -32,7 +32,17 @@ std::vector<value_type> picked(const std::vector<value_type>& values, const std:
     return result;
 }
 
-name_list picked(const name_list& names, const std::vector<int>& order) {
+// What is not there counts as 0.
+std::vector<double> picked_priorities(const std::vector<double>& priorities, const std::vector<int>& order) {
+    std::vector<double> result;
+    result.reserve(order.size());
+    for (const int index : order) {
+        result.push_back(at(index) < priorities.size() ? priorities[at(index)] : 0.0);
+    }
+    return result;
+}
+
+name_list picked_names(const name_list& names, const std::vector<int>& order) {
     name_list result;
     for (const int index : order) {
         result.push_back(names[at(index)]);
@@ -49,8 +59,8 @@ model_record neutral_record(const model_record& record, const reach_structure& s
     made.column_upper = picked(record.column_upper, order);
     made.column_integral = picked(record.column_integral, order);
     made.column_objective = picked(record.column_objective, order);
-    made.column_priority = picked(record.column_priority, order);
-    made.column_names = picked(record.column_names, order);
+    made.column_priority = picked_priorities(record.column_priority, order);
+    made.column_names = picked_names(record.column_names, order);
     made.maximize = record.maximize;
     made.objective_constant = record.objective_constant;
     made.objective_name = record.objective_name;
@@ -79,7 +89,7 @@ model_record neutral_record(const model_record& record, const reach_structure& s
     }
     made.row_lower = picked(record.row_lower, row_order);
     made.row_upper = picked(record.row_upper, row_order);
-    made.row_names = picked(record.row_names, row_order);
+    made.row_names = picked_names(record.row_names, row_order);
     return made;
 }
 

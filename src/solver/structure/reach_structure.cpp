@@ -58,10 +58,9 @@ class structure_finder {
                 return false;
             }
             const int* columns = record_.row_column.data() + first;
-            const double* values = record_.row_value.data() + first;
             const double upper = record_.row_upper[at(r)];
             if (upper == 1.0) {
-                if (size > 2 || !add_choice(columns, values, size)) {
+                if (size > 2 || !add_choice(first, size)) {
                     return false;
                 }
             } else if (upper != 0.0) {
@@ -69,7 +68,8 @@ class structure_finder {
             } else if (size == 2 && integral(columns[0]) != integral(columns[1])) {
                 const std::size_t gate = integral(columns[0]) ? 0 : 1;
                 int& gate_column = flow_gate_column_[at(columns[1 - gate])];
-                if (values[gate] != -1.0 || values[1 - gate] != 1.0 || gate_column != none) {
+                if (record_.row_value[first + gate] != -1.0 || record_.row_value[first + 1 - gate] != 1.0 ||
+                    gate_column != none) {
                     return false;
                 }
                 gate_column = columns[gate];
@@ -78,10 +78,11 @@ class structure_finder {
         return true;
     }
 
-    bool add_choice(const int* columns, const double* values, std::size_t size) {
+    bool add_choice(std::size_t first, std::size_t size) {
+        const int* columns = record_.row_column.data() + first;
         std::array<int, 2> gates = {none, none};
         for (std::size_t i = 0; i < size; ++i) {
-            if (values[i] != 1.0 || !integral(columns[i]) || gate_of_[at(columns[i])] != none) {
+            if (record_.row_value[first + i] != 1.0 || !integral(columns[i]) || gate_of_[at(columns[i])] != none) {
                 return false;
             }
             gates[i] = columns[i];

@@ -104,6 +104,7 @@ solver::contested_problem draw_contested(unsigned seed) {
 }
 
 void enumerate(const model_record& record, const value_visitor& visit) {
+    const std::vector<double> weights = record.column_objective.plain();
     std::vector<std::pair<int, int>> choices;
     for (std::size_t r = 0; r < record.row_upper.size(); ++r) {
         if (record.row_upper[r] == 1.0 && record.row_start[r + 1] - record.row_start[r] == 2) {
@@ -135,7 +136,7 @@ void enumerate(const model_record& record, const value_visitor& visit) {
                 }
             }
         }
-        visit(values, std::inner_product(values.begin(), values.end(), record.column_objective.begin(), 0.0));
+        visit(values, std::inner_product(values.begin(), values.end(), weights.begin(), 0.0));
     }
 }
 

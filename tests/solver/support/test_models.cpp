@@ -137,7 +137,7 @@ model_record named_reach_model(unsigned seed) {
     }
     record.column_names = columns;
     name_list rows;
-    for (const double upper : record.row_upper) {
+    for (const double upper : record.row_upper.plain()) {
         rows.push_back(upper == 0.0 || random() % 8 > 0 ? "" : longest == 9 ? "keep" : name("r"));
     }
     record.row_names = rows;
