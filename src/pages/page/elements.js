@@ -49,7 +49,7 @@ function fill_select(select, options) {
 function when_settled(inputs, act) {
   let waiting = 0;
   for (const input of inputs) {
-    input.addEventListener("input", () => {
+    input.addEventListener(input.tagName === "SELECT" ? "change" : "input", () => {
       clearTimeout(waiting);
       waiting = setTimeout(act, 80);
     });

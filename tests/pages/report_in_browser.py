@@ -1,0 +1,193 @@
+#!/usr/bin/env python3
+"""The report in a real headless Chromium: what it shows is held against the tables that it
+was made from; search, filters, drawings, downloads and keyboard are driven as by a user.
+
+    report_in_browser.py NETORIENT-TOOLS EXAMPLE-FOLDER WORK-FOLDER
+"""
+
+import json
+import pathlib
+import shutil
+import sys
+
+sys.path.insert(0, str(pathlib.Path(__file__).parent.parent / "support/python"))
+from written_tables import HARD_NAMES, NOT_THERE, open_arc, orient, read_rows, require_package, run, write_hard_network
+
+require_package("selenium")
+from browser import Page
+
+INTERACTION_COLUMNS = "first second file line confidence direction pairs regret_min regret_max status".split()
+
+
+def make_report(program, network, folder):
+    orient(program, network, folder)
+    run(program, "evaluate", f"{network}/", f"{folder}/")
+    (folder / "check.json").write_text(run(program, "check", f"{network}/", "--json").stdout)
+    run(program, "report", folder)
+    return folder / "report.html"
+
+
+def drawn_arcs(page, place):
+    """The arcs of a drawing: from, to, and how it is drawn."""
+    return {(tail, head): classes for tail, head, classes in page.script(f"""
+        const graph = document.getElementById("{place}").graph;
+        return graph.edges().map((edge) =>
+            [edge.source().data("label"), edge.target().data("label"), edge.classes()]);""")}
+
+
+def shown_facts(page, place):
+    terms = page.texts(f"#{place} dt")
+    return dict(zip(terms, page.texts(f"#{place} dd")))
+
+
+def check_summary(page, pairs, interactions, folder):
+    explained = sum(pair["status"] == "explained" for pair in pairs)
+    with_path = explained + sum(pair["status"] == "lost" for pair in pairs)
+    assert page.text("h1") == f"{explained} of {with_path} knockout pairs with a path are explained"
+    assert page.text("#proof") == "Proven: no choice of directions explains more."
+    figures = page.text("#figures")
+    decided = sum(row["status"] == "decided" for row in interactions)
+    assert f"Directions decided\n{decided}\n" in figures, figures
+    share = json.loads((folder / "evaluation.json").read_text())["all"]["share"]
+    assert f"{round(100 * share)} % right" in figures, figures
+
+
+def check_pairs(page, pairs, interactions):
+    """Every pair's drawing: open shortest paths of an explained one, all of a lost one."""
+    arcs = {arc: row for row in interactions if (arc := open_arc(row))}
+    num_drawn = 0
+    for status in ("explained", "lost", "unreachable"):
+        page.choose("pair-status", status)
+        wanted = [pair for pair in pairs if pair["status"] == status]
+        assert page.text("#pair-table .pager span").endswith(f"of {len(wanted)}"), page.text("#pair-table .pager span")
+        for pair in wanted[:12]:
+            page.search("pair-cause", pair["cause"])
+            page.search("pair-effect", pair["effect"])
+            page.pick("pair-table", [pair["cause"], pair["effect"], status])
+            assert page.text("#pair-name") == f"{pair['cause']} → {pair['effect']}"
+            facts = shown_facts(page, "pair-facts")
+            assert facts["Status"] == status and facts["Line in ko"] == pair["line"]
+            if status == "unreachable":
+                assert page.is_hidden("#pair-drawing") and facts["Why"]
+                continue
+            drawn = drawn_arcs(page, "pair-drawing")
+            num_drawn += 1
+            if status == "explained":
+                path = pair["path"].replace("\\", "").split(">")
+                assert set(zip(path, path[1:])) <= drawn.keys() <= arcs.keys(), (pair, drawn)
+                assert ("test" in drawn[path[0], path[1]]) == (arcs[path[0], path[1]]["file"] == "test")
+            else:
+                assert facts["Price"].startswith(pair["price_min"]) and facts["Would give up"]
+                turned = {arc for arc, classes in drawn.items() if "lost" in classes}
+                assert turned and all(arc[::-1] in arcs for arc in turned), drawn
+                assert "In its way" in page.text("#pair-facts")
+        page.search("pair-cause", "")
+        page.search("pair-effect", "")
+    page.choose("pair-status", "")
+    return num_drawn
+
+
+def check_interactions(page, interactions, downloads):
+    def shown():
+        page.click("#interaction-download")
+        rows = read_rows(downloads.taken("interactions-selected.tsv"))
+        assert not rows or list(rows[0]) == INTERACTION_COLUMNS
+        return rows
+
+    as_set = lambda rows: {tuple(row[key] for key in INTERACTION_COLUMNS) for row in rows}
+    assert as_set(shown()) == as_set(interactions)
+    page.choose("interaction-status", "decided")
+    page.choose("interaction-regret", "2")
+    between = [row for row in interactions if row["status"] == "decided" and row["regret_min"] in ("2", "3")]
+    assert between and as_set(shown()) == as_set(between)
+    page.choose("interaction-file", "test")
+    page.search("interaction-protein", "ste")
+    assert as_set(shown()) == as_set(row for row in between if row["file"] == "test" and
+                                     "STE" in row["first"] + " " + row["second"])
+    for field in ("status", "regret", "file"):
+        page.choose(f"interaction-{field}", "")
+    page.search("interaction-protein", "")
+
+    page.click("#interaction-table th:nth-child(5) button")  # regret, largest first
+    regrets = [int(row["regret_min"] or -1) for row in shown()]
+    assert regrets == sorted(regrets, reverse=True)
+    page.click("#interaction-table th:nth-child(5) button")
+    assert [int(row["regret_min"] or -1) for row in shown()] == sorted(regrets)
+
+    page.search("interaction-protein", "PBS2")
+    page.pick("interaction-table", ["PBS2", "→", "HOG1"])
+    near = [row for row in interactions if {row["first"], row["second"]} & {"PBS2", "HOG1"}]
+    drawn = drawn_arcs(page, "interaction-drawing")
+    assert {frozenset(arc) for arc in drawn} == {frozenset((row["first"], row["second"])) for row in near}
+    page.click("#interaction-drawing .tools button:last-child")
+    assert downloads.taken("netorient-paths.png").read_bytes().startswith(b"\x89PNG")
+    page.search("interaction-protein", "")
+
+
+def check_conflicts(page, pairs):
+    lost = sorted((int(pair["price_min"]) for pair in pairs if pair["status"] == "lost"), reverse=True)
+    assert [int(text) for text in page.texts("#lost-table tbody td:nth-child(2)")] == lost
+    page.wait_for("#wanted-table tbody tr")
+    page.click("#lost-table tbody tr")
+    name = page.text("#lost-table tbody tr td")
+    assert page.text("#pair-name") == name and page.script("return document.activeElement.id") == "pair-name"
+
+
+def check_keyboard(page):
+    page.script("document.querySelector('#pair-table tbody tr[tabindex=\"0\"]').focus()")
+    page.press("HOME", "ARROW_DOWN", "ENTER")
+    second = page.texts("#pair-table tbody tr:nth-child(2) td")
+    assert page.text("#pair-name") == f"{second[0]} → {second[1]}"
+    assert page.script("return document.activeElement.getAttribute('aria-selected')") == "true"
+
+
+def check_looks(page):
+    """Narrow, dark and printed."""
+    page.resize(390, 800)
+    assert page.script("return document.documentElement.scrollWidth") <= 390
+    light = page.script("return document.getElementById('pair-drawing').graph.nodes()[0].style('background-color')")
+    page.emulate(scheme="dark")
+    dark = page.script("return document.getElementById('pair-drawing').graph.nodes()[0].style('background-color')")
+    assert light != dark
+    page.emulate(media="print")
+    assert page.is_hidden("nav") and not page.is_hidden("#plots")
+    page.emulate()
+
+
+def check_hard_names(page, pairs):
+    for field, column in (("pair-cause", "cause"), ("pair-effect", "effect")):
+        for pair in pairs:
+            page.search(field, pair[column])
+            assert pair[column] in page.texts(f"#pair-table tbody td:nth-child({1 if column == 'cause' else 2})")
+        page.search(field, "")
+    shown = page.texts("#interaction-table tbody td:first-child") + page.texts("#interaction-table tbody td:nth-child(3)")
+    assert set(shown) == set(HARD_NAMES), set(shown) ^ set(HARD_NAMES)
+    assert page.script("return document.querySelectorAll('td b, td img, dd b, dd img').length") == 0
+    longest = max((pair for pair in pairs if pair["status"] == "explained"), key=lambda pair: int(pair["distance"]))
+    page.pick("pair-table", [longest["cause"], longest["effect"]])
+    assert len(drawn_arcs(page, "pair-drawing")) >= int(longest["distance"])
+
+
+def main(program, example, work):
+    if not shutil.which("chromium") or not shutil.which("chromedriver"):
+        print("Chromium is not there: tools/setup checks installs it")
+        sys.exit(NOT_THERE)
+    folder = work / "example-out"
+    with Page(make_report(program, pathlib.Path(example), folder), work / "downloads") as page:
+        pairs, interactions = (read_rows(folder / name) for name in ("pairs.tsv", "interactions.tsv"))
+        check_summary(page, pairs, interactions, folder)
+        num_drawn = check_pairs(page, pairs, interactions)
+        check_interactions(page, interactions, page.downloads)
+        check_conflicts(page, pairs)
+        check_keyboard(page)
+        check_looks(page)
+        page.check_nothing_was_said_or_asked()
+    write_hard_network(work / "hard")
+    folder = work / "hard-out"
+    with Page(make_report(program, work / "hard", folder), work / "downloads") as page:
+        check_hard_names(page, read_rows(folder / "pairs.tsv"))
+        page.check_nothing_was_said_or_asked()
+    print(f"compared {num_drawn} drawings of pairs in Chromium with the tables, and {len(HARD_NAMES)} hard names")
+
+
+main(sys.argv[1], sys.argv[2], pathlib.Path(sys.argv[3]))
