@@ -53,7 +53,7 @@ function elements_of(arcs, ends) {
       data: {id: `p${protein}`, label: proteins[protein], width: node_width(proteins[protein])}})),
     ...arcs.map((arc) => ({
       data: {id: `a${arc}`, source: `p${tail_of(arc)}`, target: `p${head_of(arc)}`,
-        label: step_text(arc).replace("runs the other way, ", "")},
+        label: regret_text(arc >> 1)},
       classes: [arc_state(arc) === "turned" ? "lost" : status_of(arc >> 1), file_of(arc >> 1)].join(" ")})),
   ];
 }
@@ -89,9 +89,12 @@ function make_drawing(place) {
   function show_legend(arcs) {
     const states = new Set(arcs.map((arc) => arc_state(arc) === "turned" ? "lost" : status_of(arc >> 1)));
     const words = {lost: "runs the other way"};
-    legend.replaceChildren(...Array.from(states, (state) =>
-      element("li", {}, colour_mark(state), words[state] ?? state)),
-      ...arcs.some((arc) => file_of(arc >> 1) === "test") ? [element("li", {}, "dashed: test interaction")] : []);
+    const notes = [];
+    if (arcs.some((arc) => regret_text(arc >> 1) !== "")) notes.push("number: regret");
+    if (arcs.some((arc) => file_of(arc >> 1) === "test")) notes.push("dashed: test interaction");
+    legend.replaceChildren(
+      ...Array.from(states, (state) => element("li", {}, colour_mark(state), words[state] ?? state)),
+      ...notes.map((note) => element("li", {}, note)));
   }
 
   function show(arcs, ends, description) {
@@ -101,7 +104,7 @@ function make_drawing(place) {
     if (arcs.length === 0) return;
     canvas.setAttribute("aria-label", description);
     graph = cytoscape({container: canvas, elements: elements_of(arcs, ends), style: drawing_looks(),
-      layout: {name: "dagre", rankDir: "LR", nodeSep: 16, rankSep: 74, fit: false},
+      layout: {name: "dagre", rankDir: "LR", nodeSep: 14, rankSep: 50, fit: false},
       userZoomingEnabled: false, boxSelectionEnabled: false, autoungrabify: true});
     place.graph = graph; // for whoever looks at the page from outside
     show_legend(arcs);
