@@ -41,14 +41,16 @@ std::string line_as_decided(const results::interaction_row& interaction) {
 void draw(std::string& text, const results::answer& answer, const subnetwork& network, const std::string& title,
           const std::string& prefix, std::string (*looks)(const results::interaction_row&)) {
     text += "  subgraph cluster_" + prefix + " { label=\"" + title + "\";\n";
+    const auto node = [&](std::size_t protein) { return prefix + std::to_string(protein); };
     for (const std::size_t protein : network.proteins) {
-        text += "    " + prefix + std::to_string(protein) + " [label=" + quoted(answer.proteins[protein].name) + "];\n";
+        text.append("    ").append(node(protein)).append(" [label=");
+        text.append(quoted(answer.proteins[protein].name)).append("];\n");
     }
     for (const std::size_t i : network.interactions) {
         const results::interaction_row& interaction = answer.interactions[i];
         const auto [source, target] = drawn_ends(interaction);
-        text += "    " + prefix + std::to_string(source) + " -> " + prefix + std::to_string(target) + " [" +
-                looks(interaction) + "];\n";
+        text.append("    ").append(node(source)).append(" -> ").append(node(target));
+        text.append(" [").append(looks(interaction)).append("];\n");
     }
     text += "  }\n";
 }

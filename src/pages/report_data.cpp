@@ -70,7 +70,7 @@ std::string report_data(const results::answer& answer, const report_extras& extr
         {"proteins", column(answer.proteins, [](const results::protein_record& one) { return one.name; })},
         {"interactions", interaction_columns(answer.interactions)},
         {"pairs", pair_columns(answer.pairs)},
-        {"run", answer.run},
+        {"run", extras.run},
         {"evaluation", extras.evaluation},
         {"check", extras.check}};
     // "<" stands in texts only, and none of them may end the element that holds the data.

@@ -10,6 +10,7 @@
 
 // What other subcommands left beside the answer; null where it is not there.
 struct report_extras {
+    nlohmann::ordered_json run;         // run.json
     nlohmann::ordered_json evaluation;  // evaluation.json
     nlohmann::ordered_json check;       // check.json
 };

@@ -182,7 +182,6 @@ answer read_answer(const std::string& folder) {
     read_interactions(path_in(folder, "interactions.tsv"), number, whole);
     read_pairs(path_in(folder, "pairs.tsv"), number, whole);
     mark_network(whole);
-    whole.run = read_json(path_in(folder, "run.json"));
     return whole;
 }
 

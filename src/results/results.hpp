@@ -8,8 +8,6 @@
 #include <utility>
 #include <vector>
 
-#include <nlohmann/json.hpp>
-
 namespace results {
 
 enum class interaction_file { test, directed, undirected };
@@ -62,7 +60,6 @@ struct answer {
     std::vector<protein_record> proteins;  // in the order in which the tables name them
     std::vector<interaction_row> interactions;
     std::vector<pair_row> pairs;
-    nlohmann::ordered_json run;  // run.json; null where there is none
 };
 
 // The words of the tables.

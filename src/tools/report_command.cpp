@@ -15,9 +15,12 @@ struct report_arguments {
 
 void run(const report_arguments& arguments) {
     const results::answer answer = results::read_answer(arguments.folder);
-    const report_extras extras = {
-        .evaluation = results::read_json(results::path_in(arguments.folder, "evaluation.json")),
-        .check = results::read_json(results::path_in(arguments.folder, "check.json"))};
+    const auto left_behind = [&](const char* file) {
+        return results::read_json(results::path_in(arguments.folder, file));
+    };
+    const report_extras extras = {.run = left_behind("run.json"),
+                                  .evaluation = left_behind("evaluation.json"),
+                                  .check = left_behind("check.json")};
     const std::string page = report_page(answer, extras);
     const std::string file =
         arguments.file.empty() ? results::path_in(arguments.folder, "report.html") : arguments.file;

@@ -13,7 +13,7 @@ function check_sentence(check) {
 
 function unknown_names(names) {
   if (names.count === 0) return null;
-  return [element("h3", {}, `Unknown names, ${names.first.length} of ${names.count.toLocaleString("en")}`),
+  return [element("h3", {}, `Unknown names, ${names.first.length} of ${count_text(names.count)}`),
     plain_table("Unknown names", ["Name", "Mentions", "Meant is perhaps"],
       names.first.map((one) => [one.name, one.mentions.count, one.meant.join(", ")]))];
 }

@@ -24,7 +24,7 @@ function start_conflicts(show_pair, show_interaction) {
   const lost = lost_pairs();
   make_table(by_id("lost-table"), "Lost pairs by price", [
     {title: "Pair", text: (pair) => pair_text(pairs.cause[pair], pairs.effect[pair]), value: (pair) => name_rank[pairs.cause[pair]]},
-    {title: "Price", text: price_text, value: (pair) => pairs.price_min[pair], is_number: true},
+    {title: "Price", text: price_text, value: (pair) => pairs.price_min[pair] + pairs.price_max[pair] / 1e6, is_number: true},
     {title: "Steps", text: (pair) => pairs.distance[pair], value: (pair) => pairs.distance[pair], is_number: true},
   ], {pick: show_pair, sorted_by: 1, descending: true, empty: "No pair is lost."}).show(lost);
 

@@ -75,7 +75,7 @@ function make_drawing(place) {
   function fit() {
     const box = graph.elements().boundingBox();
     const zoom_wanted = Math.min(1.1, (canvas.clientWidth - 28) / box.w);
-    canvas.style.height = `${Math.max(130, Math.min(420, box.h * zoom_wanted + 36))}px`;
+    canvas.style.height = `${Math.max(130, Math.min(640, box.h * zoom_wanted + 36))}px`;
     graph.resize();
     graph.fit(undefined, 14);
     graph.zoom(Math.min(graph.zoom(), zoom_wanted));

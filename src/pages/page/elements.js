@@ -63,8 +63,13 @@ function download(name, type, text) {
   setTimeout(() => URL.revokeObjectURL(address), 10000);
 }
 
+// "12,345".
+function count_text(count) {
+  return count.toLocaleString("en");
+}
+
 function plural(count, noun) {
-  return `${count.toLocaleString("en")} ${noun}${count === 1 ? "" : "s"}`;
+  return `${count_text(count)} ${noun}${count === 1 ? "" : "s"}`;
 }
 
 function percent(share) {

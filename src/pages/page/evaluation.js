@@ -10,10 +10,10 @@ function interval_text(one) {
 // A number for the top of the page and a sentence for under it, with the best baseline.
 function evaluation_figure(evaluation) {
   const {all, baselines, hidden} = evaluation;
-  if (all.share === null) return ["–", `none of ${hidden.toLocaleString("en")} hidden directions was given a direction`];
+  if (all.share === null) return ["–", `none of ${count_text(hidden)} hidden directions was given a direction`];
   const best = baselines.reduce((one, other) => (other.score > one.score ? other : one));
-  return [`${percent(all.share)} right`, `of ${all.oriented.toLocaleString("en")} given a direction, ` +
-    `${hidden.toLocaleString("en")} hidden (95 % interval ${interval_text(all)}); best baseline, ${best.name}: ${percent(best.score)}`];
+  return [`${percent(all.share)} right`, `of ${count_text(all.oriented)} given a direction, ` +
+    `${count_text(hidden)} hidden (95 % interval ${interval_text(all)}); best baseline, ${best.name}: ${percent(best.score)}`];
 }
 
 function line_of(one, label) {

@@ -1,6 +1,6 @@
 // The table of interactions and the neighbourhood of one.
 
-const most_neighbours = 30;
+const most_neighbours = 20;
 const direction_signs = {known: "→", first_to_second: "→", second_to_first: "←", none: "—"};
 
 const interaction_columns = [
@@ -47,8 +47,8 @@ function start_interactions() {
   const drawing = make_drawing(by_id("interaction-drawing"));
   const [protein, status, regret, file] =
     ["interaction-protein", "interaction-status", "interaction-regret", "interaction-file"].map(by_id);
-  fill_select(status, [["", `all ${num_interactions.toLocaleString("en")}`], ...data.words.interaction_status
-    .filter((word) => status_counts[word] > 0).map((word) => [word, `${word} (${status_counts[word].toLocaleString("en")})`])]);
+  fill_select(status, [["", `all ${count_text(num_interactions)}`], ...data.words.interaction_status
+    .filter((word) => status_counts[word] > 0).map((word) => [word, `${word} (${count_text(status_counts[word])})`])]);
   fill_select(regret, [["", "any"], ...regret_classes.map((one, k) => [k, one.name]), [none, "none"]]);
   fill_select(file, [["", "all"], ...data.words.file.map((word) => [word, word])]);
   const table = make_table(by_id("interaction-table"), "Interactions", interaction_columns,
@@ -71,7 +71,7 @@ function start_interactions() {
     const name = interaction_text(i);
     const {arcs, num_near} = neighbourhood_arcs(i);
     const others = num_near > most_neighbours
-      ? `the ${most_neighbours} of its ${num_near.toLocaleString("en")} neighbouring interactions with the most pairs`
+      ? `the ${most_neighbours} of its ${count_text(num_near)} neighbouring interactions with the most pairs`
       : `its ${plural(num_near, "neighbouring interaction")}`;
     by_id("interaction-name").textContent = name;
     by_id("interaction-facts").replaceChildren(facts([

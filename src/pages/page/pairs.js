@@ -61,9 +61,9 @@ function what_blocks(pair, arcs) {
 function start_pairs() {
   const drawing = make_drawing(by_id("pair-drawing"));
   const [cause, effect, status] = ["pair-cause", "pair-effect", "pair-status"].map(by_id);
-  fill_select(status, [["", `all ${num_pairs.toLocaleString("en")}`], ...data.words.pair_status
+  fill_select(status, [["", `all ${count_text(num_pairs)}`], ...data.words.pair_status
     .filter((word) => pair_counts[word] > 0)
-    .map((word) => [word, `${word.replace("_", " ")} (${pair_counts[word].toLocaleString("en")})`])]);
+    .map((word) => [word, `${word.replace("_", " ")} (${count_text(pair_counts[word])})`])]);
   const table = make_table(by_id("pair-table"), "Knockout pairs", pair_columns, {pick: show_pair, empty: "No such pair."});
 
   function filter() {

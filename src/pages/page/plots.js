@@ -22,7 +22,7 @@ function bar_picture(title, bars) {
     const middle = left + (k + 0.5) * slot;
     const total = bar.parts.reduce((sum, part) => sum + part.value, 0);
     return [...blocks,
-      svg_element("text", {x: middle, y: y - 5, "text-anchor": "middle"}, total.toLocaleString("en")),
+      svg_element("text", {x: middle, y: y - 5, "text-anchor": "middle"}, count_text(total)),
       svg_element("text", {x: middle, y: height - bottom + 16, "text-anchor": "middle", class: "soft"}, bar.label)];
   });
   return svg_element("svg", {viewBox: `0 0 ${width} ${height}`, role: "img", "aria-label": `${title}; the numbers are in the table below`},
@@ -35,16 +35,19 @@ function legend_of(statuses) {
 
 function regret_plot() {
   const title = "Directions by regret";
-  const by_class = regret_classes.map(() => 0);
+  const statuses = ["tied", "decided", "open"];
+  const counted = regret_classes.map(() => ({tied: 0, decided: 0, open: 0}));
   for (let i = 0; i < num_interactions; ++i) {
     const found = regret_class(i);
-    if (found !== none) ++by_class[found];
+    if (found !== none) ++counted[found][status_of(i)];
   }
-  if (by_class.every((count) => count === 0)) return null; // not computed
+  const shown = statuses.filter((status) => counted.some((count) => count[status] > 0));
+  if (shown.length === 0) return null; // not computed
   const bars = regret_classes.map((one, k) =>
-    ({label: one.name, parts: [{value: by_class[k], colour: k === 0 ? "tied" : "decided"}]}));
-  return plot(title, bar_picture(title, bars), ["Regret", "Directions"],
-    regret_classes.map((one, k) => [one.name, by_class[k]]), "A regret known as a range counts by its lower end.");
+    ({label: one.name, parts: shown.map((status) => ({value: counted[k][status], colour: status}))}));
+  return plot(title, element("div", {}, bar_picture(title, bars), legend_of(shown)), ["Regret", ...shown],
+    regret_classes.map((one, k) => [one.name, ...shown.map((status) => counted[k][status])]),
+    shown.includes("open") ? "A regret known as a range counts by its lower end." : null);
 }
 
 function distance_plot() {

@@ -8,7 +8,7 @@ function figure(title, number, note) {
 function proof_sentence(run, explained) {
   if (!run) return "Whether this is proven best is not known: run.json is missing.";
   if (run.bound <= explained) return "Proven: no choice of directions explains more.";
-  return `Not proven best: no choice explains more than ${run.bound.toLocaleString("en")} ` +
+  return `Not proven best: no choice explains more than ${count_text(run.bound)} ` +
     `(gap ${percent((run.bound - explained) / Math.max(explained, 1))}).`;
 }
 
@@ -26,7 +26,7 @@ function directions_bar() {
   return [svg_element("svg", {viewBox: "0 0 1000 14", preserveAspectRatio: "none", "aria-hidden": "true",
     style: "max-width: none; height: 14px"}, parts),
   element("ul", {class: "legend"}, statuses.map((status) => element("li", {}, colour_mark(status),
-    `${status} ${status_counts[status].toLocaleString("en")} (${percent(status_counts[status] / total)})`)))];
+    `${status} ${count_text(status_counts[status])} (${percent(status_counts[status] / total)})`)))];
 }
 
 function start_summary() {
@@ -37,18 +37,19 @@ function start_summary() {
   const without = num_pairs - reachable;
   by_id("folder").textContent = run?.input ? `on ${run.input}` : "";
   by_id("headline").textContent =
-    `${explained.toLocaleString("en")} of ${plural(reachable, "knockout pair")} with a path ` +
+    `${count_text(explained)} of ${plural(reachable, "knockout pair")} with a path ` +
     `${reachable === 1 ? "is" : "are"} explained`;
   by_id("proof").textContent = proof_sentence(run, explained);
   document.title = `netorient report ${run?.input ?? ""}`;
   by_id("figures").append(...[
     figure("Pairs explained", percent(explained / Math.max(num_pairs, 1)),
-      `${explained} explained, ${pair_counts.lost} lost in conflicts, ${without} without a path, of ${num_pairs}`),
-    figure("Directions decided", status_counts.decided.toLocaleString("en"),
+      `${count_text(explained)} explained, ${count_text(pair_counts.lost)} lost in conflicts, ` +
+      `${count_text(without)} without a path, of ${count_text(num_pairs)}`),
+    figure("Directions decided", count_text(status_counts.decided),
       `of ${plural(decidable, "orientable interaction")}: every optimum has them`),
-    figure("Directions tied", status_counts.tied.toLocaleString("en"), "could be turned without losing a pair"),
-    figure("Without direction", status_counts.unused.toLocaleString("en"), "no explained pair can use them"),
-    status_counts.open === 0 ? null : figure("Directions open", status_counts.open.toLocaleString("en"), "not proven either way in the time"),
+    figure("Directions tied", count_text(status_counts.tied), "could be turned without losing a pair"),
+    figure("Without direction", count_text(status_counts.unused), "no explained pair can use them"),
+    status_counts.open === 0 ? null : figure("Directions open", count_text(status_counts.open), "not proven either way in the time"),
     evaluation ? figure("Hidden directions found", ...evaluation_figure(evaluation))
       : figure("How often right", "–", "not measured: run netorient-tools evaluate"),
   ].filter((made) => made !== null));

@@ -44,7 +44,7 @@ function make_table(place, caption, columns, {pick = null, sorted_by = 0, descen
     heads.forEach((cell, k) =>
       cell.setAttribute("aria-sort", k !== sorted_by ? "none" : descending ? "descending" : "ascending"));
     where.textContent = rows.length === 0 ? empty
-      : `${(start + 1).toLocaleString("en")}–${(start + shown.length).toLocaleString("en")} of ${rows.length.toLocaleString("en")}`;
+      : `${count_text(start + 1)}–${count_text(start + shown.length)} of ${count_text(rows.length)}`;
     back.disabled = page === 0;
     onward.disabled = start + rows_per_page >= rows.length;
     back.hidden = onward.hidden = rows.length <= rows_per_page;

@@ -111,6 +111,7 @@ class Page:
     def emulate(self, scheme="light", media=""):
         self.driver.execute_cdp_cmd("Emulation.setEmulatedMedia",
                                     {"media": media, "features": [{"name": "prefers-color-scheme", "value": scheme}]})
+        self.settle()
 
     def check_nothing_was_said_or_asked(self):
         """No word on the console, and no request but for the file itself and what it made."""
