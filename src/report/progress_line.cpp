@@ -2,12 +2,8 @@
 
 #include <cmath>
 #include <cstdio>
-#include <new>
 
 namespace {
-
-constexpr auto interval = std::chrono::milliseconds(200);
-const std::string wipe = "\r\033[K";
 
 std::string shown(const char* format, double value) {
     char text[32];
@@ -17,27 +13,8 @@ std::string shown(const char* format, double value) {
 
 }  // namespace
 
-progress_line::~progress_line() {
-    if (is_shown_) {
-        terminal_.write(wipe);
-    }
-}
-
 void progress_line::renew() {
-    if (!terminal_.is_open()) {
-        return;
-    }
-    const clock::time_point now = clock::now();
-    if (now < next_) {
-        return;
-    }
-    next_ = now + interval;
-    const auto seconds = std::chrono::duration_cast<std::chrono::seconds>(now - start_).count();
-    try {
-        is_shown_ |= terminal_.write(wipe + describe(seconds, progress_)) > 0;
-    } catch (const std::bad_alloc&) {
-        // A line less does no harm to the solve.
-    }
+    line_.renew([this](long seconds) { return describe(seconds, progress_); });
 }
 
 std::string describe(long seconds, const solver::solve_progress& progress) {

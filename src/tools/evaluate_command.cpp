@@ -8,6 +8,7 @@
 #include "tables/whole_file.hpp"
 #include "tools/commands.hpp"
 #include "tools/run_options.hpp"
+#include "tools/work_progress.hpp"
 
 namespace {
 
@@ -24,6 +25,22 @@ std::string folder_of_run(const std::string& output, way_of_hiding way) {
     return way == way_of_hiding::all ? output_folder(output + "all_hidden/") : output;
 }
 
+// The line on the terminal is gone when this returns.
+evaluation evaluate_watched(const input_files& input, evaluation_choices& choices, const interruption& signals) {
+    work_progress regrets("regrets and prices");
+    work_progress folds("folds");
+    choices.run.stop_requested = [&] {
+        regrets.renew();
+        return signals.requested();
+    };
+    choices.run.report = [&](int settled, int all) { regrets.set(settled, all); };
+    choices.report = [&](int done, int all) {
+        folds.set(done, all);
+        folds.renew();
+    };
+    return evaluate(input, choices);
+}
+
 void evaluate(const evaluate_options& options, const std::vector<std::string>& arguments) {
     const run_clock clock(arguments);
     const input_files input = read_input_files(options.run.input);
@@ -36,12 +53,12 @@ void evaluate(const evaluate_options& options, const std::vector<std::string>& a
     choices.folds = options.folds;
     choices.seed = options.seed;
     choices.run = choices_of(options.run);
-    choices.run.stop_requested = [&] { return signals.requested(); };
     if (choices.way != way_of_hiding::folds) {
         choices.run.output = folder_of_run(output, choices.way);
         remove_answer(*choices.run.output);
     }
-    const evaluation made = evaluate(input, choices);
+    const evaluation made = evaluate_watched(input, choices, signals);
+    hold_answer();
     std::cerr << made.messages;
     if (made.run) {
         write_answer(*choices.run.output, input, *made.run, clock.now());

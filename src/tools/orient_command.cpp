@@ -4,6 +4,7 @@
 #include "process/interruption.hpp"
 #include "tools/commands.hpp"
 #include "tools/run_options.hpp"
+#include "tools/work_progress.hpp"
 
 namespace {
 
@@ -14,10 +15,16 @@ void orient(const run_options& options, const std::vector<std::string>& argument
     remove_answer(output);
 
     const interruption signals;
+    work_progress progress("regrets and prices");
     answer_choices choices = choices_of(options);
-    choices.stop_requested = [&] { return signals.requested(); };
+    choices.stop_requested = [&] {
+        progress.renew();
+        return signals.requested();
+    };
+    choices.report = [&](int settled, int all) { progress.set(settled, all); };
     choices.output = output;
     const answered_run run = answer_run(input, choices);
+    hold_answer();
     write_answer(output, input, run, clock.now());
 }
 
