@@ -12,6 +12,7 @@ enum exit_status { exit_done = 0, exit_wrong_usage = 1, exit_unusable_input = 2,
 // Each adds a subcommand whose callback does the job; the callback sets the status when
 // it ends otherwise than done, or throws.
 void add_check_command(CLI::App& app, int& status);
+void add_import_command(CLI::App& app);
 // Arguments are the program's own, subcommand first.
 void add_orient_command(CLI::App& app, const std::vector<std::string>& arguments);
 void add_evaluate_command(CLI::App& app, const std::vector<std::string>& arguments);

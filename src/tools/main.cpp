@@ -24,6 +24,7 @@ int main(int argc, char** argv) {
     const std::vector<std::string> arguments(argv + 1, argv + argc);
     int status = exit_done;
     add_check_command(app, status);
+    add_import_command(app);
     add_orient_command(app, arguments);
     add_evaluate_command(app, arguments);
     add_export_command(app);

@@ -1,0 +1,49 @@
+// Interactions from all files together: what is known of each two proteins.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+#include "formats/foreign_rows.hpp"
+
+class interaction_pool {
+ public:
+    // Two proteins, by number, the smaller number first. A negative confidence: no row says so.
+    struct entry {
+        int first;
+        int second;
+        double forward = unsaid;
+        double backward = unsaid;
+        double undirected = unsaid;
+        long directed_rows = 0;
+        long undirected_rows = 0;
+    };
+    static constexpr double unsaid = -1;
+
+    // Of rows that say the same the highest confidence counts; without one it is 1. Throws
+    // unusable_input for a confidence below 0.
+    void add(const interaction_row& row, int source);
+
+    const std::vector<std::string>& names() const { return names_; }
+    const std::vector<entry>& entries() const { return entries_; }
+    // The files, by number, that mention a name.
+    const std::vector<int>& sources_of(int name) const { return sources_[static_cast<std::size_t>(name)]; }
+    // Number of a name, -1 when no row has it.
+    int find(const std::string& name) const;
+
+    // The same with some names become others: the new name of each number.
+    interaction_pool renamed(const std::vector<std::string>& new_names) const;
+
+ private:
+    int number_of_name(std::string_view name, int source);
+    entry& entry_of(int first, int second);
+    void merge(int first, int second, const entry& said);
+
+    std::vector<std::string> names_;
+    std::vector<std::vector<int>> sources_;
+    std::unordered_map<std::string, int> numbers_;
+    std::vector<entry> entries_;
+    std::unordered_map<std::uint64_t, std::size_t> places_;  // by both numbers
+};
