@@ -107,6 +107,7 @@ class Page:
     def resize(self, width, height):
         self.driver.execute_cdp_cmd("Emulation.setDeviceMetricsOverride",
                                     {"width": width, "height": height, "deviceScaleFactor": 1, "mobile": False})
+        self.settle()
 
     def emulate(self, scheme="light", media=""):
         self.driver.execute_cdp_cmd("Emulation.setEmulatedMedia",
