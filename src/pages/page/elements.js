@@ -73,5 +73,5 @@ function plural(count, noun) {
 }
 
 function percent(share) {
-  return `${(100 * share).toFixed(share > 0 && share < 0.1 ? 1 : 0)} %`;
+  return `${(100 * share).toFixed(share > 0 && share < 0.1 ? 1 : 0)}\u00a0%`;
 }
