@@ -1,6 +1,7 @@
 #include "evaluation/evaluation_tables.hpp"
 
 #include <cstdio>
+#include <sstream>
 
 #include "tables/table_text.hpp"
 
@@ -47,6 +48,22 @@ std::string share_text(const char* indent, const share_line& line) {
     }
     return printed("%-38s %9ld %9ld %7.1f %%   %.1f to %.1f %%\n", name.c_str(), line.oriented, line.right,
                    100.0 * line.share(), 100.0 * line.range().lower, 100.0 * line.range().upper);
+}
+
+// In lines of at most 100 characters.
+std::string wrapped(const std::string& sentences) {
+    constexpr std::size_t longest = 100;
+    std::istringstream words(sentences);
+    std::string text;
+    std::string line;
+    for (std::string word; words >> word;) {
+        if (!line.empty() && line.size() + 1 + word.size() > longest) {
+            text += line + "\n";
+            line.clear();
+        }
+        line += (line.empty() ? "" : " ") + word;
+    }
+    return text + line + "\n";
 }
 
 std::string way_text(const evaluation& made, const evaluation_choices& choices) {
@@ -138,5 +155,5 @@ std::string evaluation_text(const evaluation_summary& summary, const evaluation&
         text +=
             line.decided == 0 ? "\n" : printed(" %7.1f %%\n", 100.0 * line.right / static_cast<double>(line.decided));
     }
-    return text + "\n" + conclusion(summary, choices.way) + "\n";
+    return text + "\n" + wrapped(conclusion(summary, choices.way));
 }

@@ -52,12 +52,13 @@ std::string about_classes(const evaluation_summary& summary, double baseline) {
     std::vector<std::string> unreliable;
     for (const share_line& line : summary.classes) {
         if (line.oriented > 0) {
+            const double level = std::max(0.5, baseline);
             const double lower = line.range().lower;
-            const bool may_be_above = line.oriented < few && line.range().upper > 0.5;
-            (lower > std::max(0.5, baseline) ? reliable
-             : lower > 0.5                   ? above_coin
-             : may_be_above                  ? too_few
-                                             : unreliable)
+            const bool may_be_above = line.oriented < few && line.range().upper > level;
+            (lower > level  ? reliable
+             : may_be_above ? too_few
+             : lower > 0.5  ? above_coin
+                            : unreliable)
                 .push_back(line.name);
         }
     }
