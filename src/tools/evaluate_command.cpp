@@ -80,14 +80,14 @@ void add_evaluate_command(CLI::App& app, const std::vector<std::string>& argumen
     add_run_options(*command, options->run);
     command
         ->add_option("--hide", options->way,
-                     "known directions to hide: all at once, folds (a run each), or given in test")
+                     "Known directions to hide: all at once, folds (a run each), or given in test")
         ->check(CLI::IsMember(std::vector<std::string>(way_names.begin(), way_names.end())))
         ->type_name("WAY")
         ->capture_default_str();
-    command->add_option("--folds", options->folds, "number of folds")
+    command->add_option("--folds", options->folds, "Number of folds")
         ->check(CLI::Range(2, 1000).name(""))
         ->type_name("N")
         ->capture_default_str();
-    command->add_option("--seed", options->seed, "by which folds are drawn")->type_name("N")->capture_default_str();
+    command->add_option("--seed", options->seed, "By which folds are drawn")->type_name("N")->capture_default_str();
     command->callback([options, arguments] { evaluate(*options, arguments); });
 }

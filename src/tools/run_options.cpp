@@ -22,16 +22,16 @@ CLI::Validator duration() {
 }  // namespace
 
 void add_run_options(CLI::App& command, run_options& options) {
-    command.add_option("INPUT", options.input, "folder with names.txt, test, directed, undirected and ko")->required();
-    command.add_option("OUTPUT", options.output, "folder for what is written; made when it is not there")->required();
-    command.add_option("--time-limit", options.time_limit, "end the solve after this time (30s, 10m, 2h)")
+    command.add_option("INPUT", options.input, "Folder with names.txt, test, directed, undirected and ko")->required();
+    command.add_option("OUTPUT", options.output, "Folder for what is written; made when it is not there")->required();
+    command.add_option("--time-limit", options.time_limit, "End the solve after this time (30s, 10m, 2h)")
         ->check(duration())
         ->type_name("TIME");
-    command.add_option("--regret-time", options.regret_time, "the same for regrets and prices")
+    command.add_option("--regret-time", options.regret_time, "The same for regrets and prices")
         ->check(duration())
         ->type_name("TIME");
-    command.add_flag("--no-regret", options.no_regret, "leave regrets and prices out");
-    command.add_option("--jobs", options.jobs, "processors to use; results do not depend on it")
+    command.add_flag("--no-regret", options.no_regret, "Leave regrets and prices out");
+    command.add_option("--jobs", options.jobs, "Processors to use; results do not depend on it")
         ->check(CLI::Range(1, 1024).name(""))
         ->type_name("N");
 }
