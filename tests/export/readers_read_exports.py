@@ -9,7 +9,7 @@ import pathlib
 import sys
 
 sys.path.insert(0, str(pathlib.Path(__file__).parent.parent / "support/python"))
-from written_tables import open_arc, orient, read_rows, require_package, run, write_hard_network
+from written_tables import open_arc, orient, read_rows, require_package, run, shortest_path_arcs, write_hard_network
 
 for package in ("ndex2", "networkx", "igraph"):
     require_package(package)
@@ -65,14 +65,13 @@ def read_igraph(path):
 
 def compare_pairs(program, folder, rows, work):
     """--pair against all shortest paths that networkx finds; --neighbourhood against its balls."""
-    opened = networkx.DiGraph(arc for arc in map(open_arc, rows) if arc)
+    opened = [arc for arc in map(open_arc, rows) if arc]
     whole = networkx.Graph((row["first"], row["second"]) for row in rows)
     explained = [pair for pair in read_rows(folder / "pairs.tsv") if pair["status"] == "explained"]
     assert explained
     chosen = explained[::max(1, len(explained) // 20)]
     for pair in chosen:
-        paths = list(networkx.all_shortest_paths(opened, pair["cause"], pair["effect"]))
-        on_paths = {arc for path in paths for arc in zip(path, path[1:])}
+        on_paths = set().union(*shortest_path_arcs(opened, pair))
         run(program, "export", folder, work / "pair.tsv", "--pair", pair["cause"], pair["effect"])
         assert {(row["source"], row["target"]) for row in read_rows(work / "pair.tsv")} == on_paths, pair
     centre = explained[0]["cause"]

@@ -19,7 +19,7 @@ function make_table(place, caption, columns, {pick = null, sorted_by = 0, descen
     element("button", {type: "button", onclick: () => sort_by(k)}, column.title)));
   head.append(...heads);
   place.append(
-    element("div", {class: "table-frame"}, element("table", {},
+    element("div", {class: "table-frame"}, element("table", {role: pick ? "grid" : null},
       element("caption", {class: "visually-hidden"}, caption), element("thead", {}, head), body)),
     element("div", {class: "pager"}, where, back, onward));
 

@@ -37,6 +37,7 @@ def write_hard_network(folder):
     files["undirected"].append(f"{HARD_NAMES[0]} {HARD_NAMES[2]} 1")
     for first, last in ((0, 4), (1, 9), (3, -1), (9, 1), (6, 2), (0, 0)):
         files["ko"].append(f"{HARD_NAMES[first]} {HARD_NAMES[last]} 1")
+    files["ko"].append("<i>nobody</i> end 1")
     for name, lines in files.items():
         (folder / name).write_text("".join(line + "\n" for line in lines))
 
@@ -59,6 +60,13 @@ def read_rows(path):
 
     head, *lines = pathlib.Path(path).read_text().split("\n")[:-1]
     return [dict(zip(head.split("\t"), map(unescaped, line.split("\t")))) for line in lines]
+
+
+def shortest_path_arcs(arcs, pair):
+    """The arcs on all shortest paths of a pair over these arcs, as networkx finds them, path by path."""
+    import networkx
+    paths = list(networkx.all_shortest_paths(networkx.DiGraph(list(arcs)), pair["cause"], pair["effect"]))
+    return [set(zip(path, path[1:])) for path in paths]
 
 
 def open_arc(row):
