@@ -175,6 +175,26 @@ def check_hard_names(page, pairs):
     assert len(drawn_arcs(page, "pair-drawing")) >= int(longest["distance"])
 
 
+def write_bare_tables(folder):
+    """Without run.json and all else: a lost pair A D whose way over C has less to turn than the one over B."""
+    folder.mkdir(parents=True, exist_ok=True)
+    rows = ["B A undirected 1 1 first_to_second 1 2 2 decided", "D B undirected 2 1 first_to_second 1 2 2 decided",
+            "A C directed 1 1 known 1 - - known", "D C undirected 3 1 first_to_second 1 0 3 open"]
+    lost = "A D 1 lost - 2 2 0 - 1 3 D>A"
+    pair_columns = "cause effect line status why distance paths open_paths path price_min price_max against"
+    for name, lines in (("interactions.tsv", [" ".join(INTERACTION_COLUMNS), *rows]), ("pairs.tsv", [pair_columns, lost])):
+        (folder / name).write_text("".join(line.replace(" ", "\t").replace("-", "") + "\n" for line in lines))
+
+
+def check_bare_tables(page):
+    assert page.text("#proof") == "Whether this is proven best is not known: run.json is missing."
+    assert page.is_hidden("#files") and "not measured" in page.text("#figures")
+    assert shown_facts(page, "pair-facts")["Price"].startswith("1–3: ")
+    assert "In its way: 1 interaction that runs the other way, D → C (regret 0–3)." in page.text("#pair-facts")
+    page.wait_for("#wanted-table tbody tr")
+    assert page.texts("#wanted-table tbody td") == ["D → C", "1", "1", "0–3"]
+
+
 def main(program, example, work):
     if not shutil.which("chromium") or not shutil.which("chromedriver"):
         print("Chromium is not there: tools/setup checks installs it")
@@ -193,6 +213,11 @@ def main(program, example, work):
     folder = work / "hard-out"
     with Page(make_report(program, work / "hard", folder), work / "downloads") as page:
         check_hard_names(page, read_rows(folder / "pairs.tsv"))
+        page.check_nothing_was_said_or_asked()
+    write_bare_tables(work / "bare")
+    run(program, "report", work / "bare", "-o", work / "bare.html")
+    with Page(work / "bare.html", work / "downloads") as page:
+        check_bare_tables(page)
         page.check_nothing_was_said_or_asked()
     print(f"compared {num_drawn} drawings of pairs in Chromium with the tables, and {len(HARD_NAMES)} hard names")
 
