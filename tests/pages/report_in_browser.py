@@ -26,7 +26,11 @@ def make_report(program, network, folder):
     run(program, "evaluate", f"{network}/", f"{folder}/")
     found = subprocess.run([program, "check", f"{network}/", "--json"], capture_output=True)
     (folder / "check.json").write_bytes(found.stdout)
-    run(program, "report", folder)
+    made = subprocess.run([program, "report", folder], capture_output=True, text=True)
+    if "built without the scripts" in made.stderr:
+        print(made.stderr)
+        sys.exit(NOT_THERE)
+    assert made.returncode == 0, made.stderr
     return folder / "report.html"
 
 
