@@ -2,7 +2,7 @@
 """Exports of the example and of a network with hard names, read back by the programs that
 they are meant for: every interaction with all that interactions.tsv says of it.
 
-    readers_read_exports.py NETORIENT-TOOLS EXAMPLE-FOLDER WORK-FOLDER
+    exports_read_back.py NETORIENT-TOOLS EXAMPLE-FOLDER WORK-FOLDER
 """
 
 import pathlib
