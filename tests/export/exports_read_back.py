@@ -99,7 +99,8 @@ def main(program, example, work):
         back = [{key: row[key] for key in rows[0]} for row in read_rows(work / "whole.tsv")]
         assert back == rows
         num_pairs = compare_pairs(program, folder, rows, work)
-        print(f"compared {network.name}: {len(rows)} interactions as ndex2, networkx and igraph read them, {num_pairs} pairs")
+        print(f"compared {network.name}: {len(rows)} interactions as ndex2, networkx and igraph read them, "
+              f"and {num_pairs} pairs")
 
 
 main(sys.argv[1], sys.argv[2], pathlib.Path(sys.argv[3]))

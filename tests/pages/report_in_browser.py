@@ -12,8 +12,8 @@ import subprocess
 import sys
 
 sys.path.insert(0, str(pathlib.Path(__file__).parent.parent / "support/python"))
-from written_tables import HARD_NAMES, NOT_THERE, open_arc, orient, read_rows, require_package, run, shortest_path_arcs, \
-    write_hard_network
+from written_tables import (HARD_NAMES, NOT_THERE, open_arc, orient, read_rows, require_package, run,
+                            shortest_path_arcs, write_hard_network)
 
 require_package("selenium")
 from browser import Page
@@ -170,7 +170,7 @@ def check_hard_names(page, pairs):
             page.search(field, pair[column])
             assert pair[column] in page.texts(f"#pair-table tbody td:nth-child({1 if column == 'cause' else 2})")
         page.search(field, "")
-    shown = page.texts("#interaction-table tbody td:first-child") + page.texts("#interaction-table tbody td:nth-child(3)")
+    shown = [name for column in (1, 3) for name in page.texts(f"#interaction-table tbody td:nth-child({column})")]
     assert set(shown) == set(HARD_NAMES), set(shown) ^ set(HARD_NAMES)
     assert page.script("return document.querySelectorAll('td b, td img, dd b, dd img').length") == 0
     assert "<i>nobody</i>" in page.text("#check-area") and "1 unknown name" in page.text("#check-area")
@@ -186,7 +186,8 @@ def write_bare_tables(folder):
             "A C directed 1 1 known 1 - - known", "D C undirected 3 1 first_to_second 1 0 3 open"]
     lost = "A D 1 lost - 2 2 0 - 1 3 D>A"
     pair_columns = "cause effect line status why distance paths open_paths path price_min price_max against"
-    for name, lines in (("interactions.tsv", [" ".join(INTERACTION_COLUMNS), *rows]), ("pairs.tsv", [pair_columns, lost])):
+    tables = {"interactions.tsv": [" ".join(INTERACTION_COLUMNS), *rows], "pairs.tsv": [pair_columns, lost]}
+    for name, lines in tables.items():
         (folder / name).write_text("".join(line.replace(" ", "\t").replace("-", "") + "\n" for line in lines))
 
 

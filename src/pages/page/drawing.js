@@ -8,18 +8,43 @@ function colour(name) {
 
 // Canvases know no CSS variables, so the looks are made anew when the scheme changes.
 function drawing_looks() {
-  const line = (state, more) => ({selector: `edge.${state}`,
-    style: {"line-color": colour(state), "target-arrow-color": colour(state), ...more}});
+  const line = (state, more) =>
+    ({selector: `edge.${state}`, style: {"line-color": colour(state), "target-arrow-color": colour(state), ...more}});
   return [
-    {selector: "node", style: {
-      label: "data(label)", width: "data(width)", height: 24, shape: "round-rectangle",
-      "background-color": colour("panel"), "border-width": 1, "border-color": colour("soft"), color: colour("ink"),
-      "font-family": page_font, "font-size": 12, "text-valign": "center", "text-halign": "center"}},
+    {
+      selector: "node",
+      style: {
+        label: "data(label)",
+        width: "data(width)",
+        height: 24,
+        shape: "round-rectangle",
+        "background-color": colour("panel"),
+        "border-width": 1,
+        "border-color": colour("soft"),
+        color: colour("ink"),
+        "font-family": page_font,
+        "font-size": 12,
+        "text-valign": "center",
+        "text-halign": "center"
+      }
+    },
     {selector: "node.end", style: {"border-width": 2.5, "border-color": colour("ink"), "font-weight": "bold"}},
-    {selector: "edge", style: {
-      width: 2, "curve-style": "bezier", "target-arrow-shape": "triangle", "arrow-scale": 1.1, label: "data(label)",
-      color: colour("ink"), "font-family": page_font, "font-size": 11, "text-background-color": colour("paper"),
-      "text-background-opacity": 1, "text-background-padding": 2}},
+    {
+      selector: "edge",
+      style: {
+        width: 2,
+        "curve-style": "bezier",
+        "target-arrow-shape": "triangle",
+        "arrow-scale": 1.1,
+        label: "data(label)",
+        color: colour("ink"),
+        "font-family": page_font,
+        "font-size": 11,
+        "text-background-color": colour("paper"),
+        "text-background-opacity": 1,
+        "text-background-padding": 2
+      }
+    },
     ...["known", "decided", "tied", "unused", "open"].map((status) => line(status)),
     {selector: "edge.unused", style: {"target-arrow-shape": "none"}},
     line("lost", {width: 3, "target-arrow-shape": "tee"}),
@@ -46,15 +71,19 @@ function step_text(arc) {
 function elements_of(arcs, ends) {
   const nodes = new Map(ends.map((protein) => [protein, "end"]));
   for (const arc of arcs) {
-    for (const protein of [tail_of(arc), head_of(arc)]) if (!nodes.has(protein)) nodes.set(protein, "");
+    for (const protein of [tail_of(arc), head_of(arc)])
+      if (!nodes.has(protein)) nodes.set(protein, "");
   }
   return [
-    ...Array.from(nodes, ([protein, classes]) => ({classes,
-      data: {id: `p${protein}`, label: proteins[protein], width: node_width(proteins[protein])}})),
-    ...arcs.map((arc) => ({
-      data: {id: `a${arc}`, source: `p${tail_of(arc)}`, target: `p${head_of(arc)}`,
-        label: regret_text(arc >> 1)},
-      classes: [arc_state(arc) === "turned" ? "lost" : status_of(arc >> 1), file_of(arc >> 1)].join(" ")})),
+    ...Array.from(
+      nodes,
+      ([protein, classes]) =>
+        ({classes, data: {id: `p${protein}`, label: proteins[protein], width: node_width(proteins[protein])}})),
+    ...arcs.map(
+      (arc) => ({
+        data: {id: `a${arc}`, source: `p${tail_of(arc)}`, target: `p${head_of(arc)}`, label: regret_text(arc >> 1)},
+        classes: [arc_state(arc) === "turned" ? "lost" : status_of(arc >> 1), file_of(arc >> 1)].join(" ")
+      })),
   ];
 }
 
@@ -62,12 +91,13 @@ function elements_of(arcs, ends) {
 function make_drawing(place) {
   let graph = null;
   const canvas = element("div", {class: "canvas", role: "img"});
-  const zoom = (factor) => graph.zoom({level: graph.zoom() * factor,
-    renderedPosition: {x: graph.width() / 2, y: graph.height() / 2}});
+  const zoom = (factor) =>
+    graph.zoom({level: graph.zoom() * factor, renderedPosition: {x: graph.width() / 2, y: graph.height() / 2}});
   const tool = (title, act) => element("button", {type: "button", onclick: act}, title);
   const legend = element("ul", {class: "legend"});
-  const tools = element("div", {class: "tools"}, tool("Larger", () => zoom(1.25)), tool("Smaller", () => zoom(0.8)),
-    tool("All", fit), tool("Save as PNG", save));
+  const tools = element(
+    "div", {class: "tools"}, tool("Larger", () => zoom(1.25)), tool("Smaller", () => zoom(0.8)), tool("All", fit),
+    tool("Save as PNG", save));
   place.hidden = true;
   place.append(canvas, legend, tools);
 
@@ -83,7 +113,8 @@ function make_drawing(place) {
   }
 
   function save() {
-    element("a", {href: graph.png({full: true, scale: 2, bg: colour("paper")}), download: "netorient-paths.png"}).click();
+    element("a", {href: graph.png({full: true, scale: 2, bg: colour("paper")}), download: "netorient-paths.png"})
+      .click();
   }
 
   function show_legend(arcs) {
@@ -103,22 +134,33 @@ function make_drawing(place) {
     graph = null;
     if (arcs.length === 0) return;
     canvas.setAttribute("aria-label", description);
-    graph = cytoscape({container: canvas, elements: elements_of(arcs, ends), style: drawing_looks(),
+    graph = cytoscape({
+      container: canvas,
+      elements: elements_of(arcs, ends),
+      style: drawing_looks(),
       layout: {name: "dagre", rankDir: "LR", nodeSep: 14, rankSep: 50, fit: false},
-      userZoomingEnabled: false, boxSelectionEnabled: false, autoungrabify: true});
-    place.graph = graph; // for whoever looks at the page from outside
+      userZoomingEnabled: false,
+      boxSelectionEnabled: false,
+      autoungrabify: true
+    });
+    place.graph = graph;  // for whoever looks at the page from outside
     show_legend(arcs);
     fit();
   }
 
   matchMedia("(prefers-color-scheme: dark)").addEventListener("change", () => graph?.style(drawing_looks()));
-  addEventListener("resize", () => { if (graph) fit(); });
+  addEventListener("resize", () => {
+    if (graph) fit();
+  });
   return {show};
 }
 
 // The same as words: a row for every arc drawn.
 function step_table(arcs) {
-  return element("details", {}, element("summary", {}, `The ${plural(arcs.length, "step")} as a table`),
-    plain_table("Steps drawn", ["From", "To", "Status", "What it rests on"], arcs.map((arc) =>
-      [proteins[tail_of(arc)], proteins[head_of(arc)], marked(status_of(arc >> 1)), step_text(arc)])));
+  return element(
+    "details", {}, element("summary", {}, `The ${plural(arcs.length, "step")} as a table`),
+    plain_table(
+      "Steps drawn", ["From", "To", "Status", "What it rests on"],
+      arcs.map(
+        (arc) => [proteins[tail_of(arc)], proteins[head_of(arc)], marked(status_of(arc >> 1)), step_text(arc)])));
 }

@@ -36,7 +36,8 @@ function colour_mark(status) {
 
 // Terms and what is said of them; terms without anything are left out.
 function facts(entries) {
-  return element("dl", {class: "facts"},
+  return element(
+    "dl", {class: "facts"},
     entries.filter(([, text]) => text !== null && text !== "")
       .map(([term, text]) => [element("dt", {}, term), element("dd", {}, text)]));
 }

@@ -1,7 +1,10 @@
 // What `evaluate` measured: how often hidden directions were found rightly.
 
-const way_words = {all: "all known directions hidden at once", folds: "known directions hidden in turns",
-  given: "the directions of the test file hidden"};
+const way_words = {
+  all: "all known directions hidden at once",
+  folds: "known directions hidden in turns",
+  given: "the directions of the test file hidden"
+};
 
 function interval_text(one) {
   return one.share === null ? "" : `${percent(one.interval[0])} to ${percent(one.interval[1])}`;
@@ -12,8 +15,12 @@ function evaluation_figure(evaluation) {
   const {all, baselines, hidden} = evaluation;
   if (all.share === null) return ["–", `none of ${count_text(hidden)} hidden directions was given a direction`];
   const best = baselines.reduce((one, other) => (other.score > one.score ? other : one));
-  return [`${percent(all.share)} right`, `of ${count_text(all.oriented)} given a direction, ` +
-    `${count_text(hidden)} hidden (95 % interval ${interval_text(all)}); best baseline, ${best.name}: ${percent(best.score)}`];
+  return [
+    `${percent(all.share)} right`,
+    `of ${count_text(all.oriented)} given a direction, ` +
+      `${count_text(hidden)} hidden (95 % interval ${interval_text(all)}); best baseline, ${best.name}: ${
+        percent(best.score)}`
+  ];
 }
 
 function line_of(one, label) {
@@ -23,17 +30,32 @@ function line_of(one, label) {
 function evaluation_plots(evaluation) {
   const {all, baselines, classes} = evaluation;
   if (all.share === null) return [];
-  const row = (one) => [one.name, one.oriented, one.right, one.share === null ? "" : percent(one.share), interval_text(one)];
+  const row =
+    (one) => [one.name, one.oriented, one.right, one.share === null ? "" : percent(one.share), interval_text(one)];
   const beside = "Hidden directions found rightly, beside baselines (%)";
   const by_class = "The same by regret (%)";
   const titles = ["", "Given a direction", "Right", "Share", "95 % interval"];
-  const short = (name) => name.replace("larger share of known outgoing arcs", "outgoing share").replace("tied (regret 0)", "regret 0");
+  const short = (name) =>
+    name.replace("larger share of known outgoing arcs", "outgoing share").replace("tied (regret 0)", "regret 0");
   return [
-    plot(beside, share_picture(beside, [line_of(all, "netorient"),
-      ...baselines.map((one) => ({label: short(one.name), share: one.score, low: null, high: null, is_ours: false}))]),
-      titles, [row(all), ...baselines.map((one) => [one.name, one.decided, one.right, one.share === null ? "" : percent(one.share), ""])],
-      `With ${way_words[evaluation.hide]}. Where a baseline says nothing it counts as a coin. ${evaluation.conclusion}`),
-    plot(by_class, share_picture(by_class, classes.filter((one) => one.share !== null).map((one) => line_of(one, short(one.name)))),
+    plot(
+      beside,
+      share_picture(
+        beside,
+        [
+          line_of(all, "netorient"),
+          ...baselines.map((one) => ({label: short(one.name), share: one.score, low: null, high: null, is_ours: false}))
+        ]),
+      titles,
+      [
+        row(all),
+        ...baselines.map((one) => [one.name, one.decided, one.right, one.share === null ? "" : percent(one.share), ""])
+      ],
+      `With ${way_words[evaluation.hide]}. Where a baseline says nothing it counts as a coin. ${
+        evaluation.conclusion}`),
+    plot(
+      by_class,
+      share_picture(by_class, classes.filter((one) => one.share !== null).map((one) => line_of(one, short(one.name)))),
       titles, classes.map(row), "Lines: 95 % intervals."),
   ];
 }

@@ -1,8 +1,12 @@
 // Shortest paths. An arc is an interaction with a sense: 2 i runs from first to second,
 // 2 i + 1 the other way.
 
-function tail_of(arc) { return arc % 2 === 0 ? interactions.first[arc >> 1] : interactions.second[arc >> 1]; }
-function head_of(arc) { return arc % 2 === 0 ? interactions.second[arc >> 1] : interactions.first[arc >> 1]; }
+function tail_of(arc) {
+  return arc % 2 === 0 ? interactions.first[arc >> 1] : interactions.second[arc >> 1];
+}
+function head_of(arc) {
+  return arc % 2 === 0 ? interactions.second[arc >> 1] : interactions.first[arc >> 1];
+}
 
 // "open": along the direction chosen; "turned": against it; "free": none is chosen.
 function arc_state(arc) {
@@ -77,7 +81,7 @@ function least_turned_path(pair, distance) {
   const arcs = arcs_to(pairs.effect[pair], distance, any_arc);
   const cost = new Map([[pairs.effect[pair], 0]]);
   const onward = new Map();
-  for (const arc of arcs) { // nearest to the effect first, so the head's cost is final
+  for (const arc of arcs) {  // nearest to the effect first, so the head's cost is final
     const total = cost.get(head_of(arc)) + (arc_state(arc) === "turned" ? 1 : 0);
     const tail = tail_of(arc);
     const known = cost.get(tail);
@@ -93,6 +97,5 @@ function least_turned_path(pair, distance) {
 
 // The arcs of a path given by its proteins: of two interactions between the same ones, the open one.
 function arcs_along(path) {
-  return path.slice(1).map((head, k) =>
-    leaving[path[k]].find((arc) => head_of(arc) === head && is_open(arc)));
+  return path.slice(1).map((head, k) => leaving[path[k]].find((arc) => head_of(arc) === head && is_open(arc)));
 }

@@ -1,7 +1,8 @@
 // What a person asks first.
 
 function figure(title, number, note) {
-  return element("div", {}, element("dt", {}, title),
+  return element(
+    "div", {}, element("dt", {}, title),
     element("dd", {}, element("div", {class: "number"}, number), element("div", {class: "soft"}, note)));
 }
 
@@ -19,14 +20,27 @@ function directions_bar() {
   let x = 0;
   const parts = statuses.map((status) => {
     const width = 1000 * status_counts[status] / total;
-    const part = svg_element("rect", {x: x + 0.5, y: 0, width: Math.max(width - 1, 0.5), height: 14, fill: `var(--${status})`});
+    const part =
+      svg_element("rect", {x: x + 0.5, y: 0, width: Math.max(width - 1, 0.5), height: 14, fill: `var(--${status})`});
     x += width;
     return part;
   });
-  return [svg_element("svg", {viewBox: "0 0 1000 14", preserveAspectRatio: "none", "aria-hidden": "true",
-    style: "max-width: none; height: 14px"}, parts),
-  element("ul", {class: "legend"}, statuses.map((status) => element("li", {}, colour_mark(status),
-    `${status} ${count_text(status_counts[status])} (${percent(status_counts[status] / total)})`)))];
+  return [
+    svg_element(
+      "svg", {
+        viewBox: "0 0 1000 14",
+        preserveAspectRatio: "none",
+        "aria-hidden": "true",
+        style: "max-width: none; height: 14px"
+      },
+      parts),
+    element(
+      "ul", {class: "legend"},
+      statuses.map(
+        (status) => element(
+          "li", {}, colour_mark(status),
+          `${status} ${count_text(status_counts[status])} (${percent(status_counts[status] / total)})`)))
+  ];
 }
 
 function start_summary() {
@@ -36,22 +50,26 @@ function start_summary() {
   const decidable = num_interactions - status_counts.known;
   const without = num_pairs - reachable;
   by_id("folder").textContent = run?.input ? `on ${run.input}` : "";
-  by_id("headline").textContent =
-    `${count_text(explained)} of ${plural(reachable, "knockout pair")} with a path ` +
+  by_id("headline").textContent = `${count_text(explained)} of ${plural(reachable, "knockout pair")} with a path ` +
     `${reachable === 1 ? "is" : "are"} explained`;
   by_id("proof").textContent = proof_sentence(run, explained);
   document.title = `netorient report ${run?.input ?? ""}`;
-  by_id("figures").append(...[
-    figure("Pairs explained", percent(explained / Math.max(num_pairs, 1)),
-      `${count_text(explained)} explained, ${count_text(pair_counts.lost)} lost in conflicts, ` +
-      `${count_text(without)} without a path, of ${count_text(num_pairs)}`),
-    figure("Directions decided", count_text(status_counts.decided),
-      `of ${plural(decidable, "orientable interaction")}: every optimum has them`),
-    figure("Directions tied", count_text(status_counts.tied), "could be turned without losing a pair"),
-    figure("Without direction", count_text(status_counts.unused), "no explained pair can use them"),
-    status_counts.open === 0 ? null : figure("Directions open", count_text(status_counts.open), "not proven either way in the time"),
-    evaluation ? figure("Hidden directions found", ...evaluation_figure(evaluation))
-      : figure("How often right", "–", "not measured: run netorient-tools evaluate"),
+  by_id("figures").append(
+    ...
+      [figure(
+         "Pairs explained", percent(explained / Math.max(num_pairs, 1)),
+         `${count_text(explained)} explained, ${count_text(pair_counts.lost)} lost in conflicts, ` +
+           `${count_text(without)} without a path, of ${count_text(num_pairs)}`),
+       figure(
+         "Directions decided", count_text(status_counts.decided),
+         `of ${plural(decidable, "orientable interaction")}: every optimum has them`),
+       figure("Directions tied", count_text(status_counts.tied), "could be turned without losing a pair"),
+       figure("Without direction", count_text(status_counts.unused), "no explained pair can use them"),
+       status_counts.open === 0
+         ? null
+         : figure("Directions open", count_text(status_counts.open), "not proven either way in the time"),
+       evaluation ? figure("Hidden directions found", ...evaluation_figure(evaluation))
+                  : figure("How often right", "–", "not measured: run netorient-tools evaluate"),
   ].filter((made) => made !== null));
   if (decidable > 0) by_id("directions-bar").append(...directions_bar());
 }

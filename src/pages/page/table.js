@@ -15,12 +15,17 @@ function make_table(place, caption, columns, {pick = null, sorted_by = 0, descen
   const where = element("span", {"aria-live": "polite"});
   const back = element("button", {type: "button", onclick: () => turn_to(page - 1)}, "Previous");
   const onward = element("button", {type: "button", onclick: () => turn_to(page + 1)}, "Next");
-  const heads = columns.map((column, k) => element("th", {scope: "col", class: column.is_number ? "number-cell" : null},
-    element("button", {type: "button", onclick: () => sort_by(k)}, column.title)));
+  const heads = columns.map(
+    (column, k) => element(
+      "th", {scope: "col", class: column.is_number ? "number-cell" : null},
+      element("button", {type: "button", onclick: () => sort_by(k)}, column.title)));
   head.append(...heads);
   place.append(
-    element("div", {class: "table-frame"}, element("table", {role: pick ? "grid" : null},
-      element("caption", {class: "visually-hidden"}, caption), element("thead", {}, head), body)),
+    element(
+      "div", {class: "table-frame"},
+      element(
+        "table", {role: pick ? "grid" : null}, element("caption", {class: "visually-hidden"}, caption),
+        element("thead", {}, head), body)),
     element("div", {class: "pager"}, where, back, onward));
 
   function compare(a, b) {
@@ -41,9 +46,14 @@ function make_table(place, caption, columns, {pick = null, sorted_by = 0, descen
     const start = page * rows_per_page;
     const shown = rows.slice(start, start + rows_per_page);
     body.replaceChildren(...shown.map((row, k) => table_row(row, k)));
-    heads.forEach((cell, k) =>
-      cell.setAttribute("aria-sort", k !== sorted_by ? "none" : descending ? "descending" : "ascending"));
-    where.textContent = rows.length === 0 ? empty
+    heads.forEach(
+      (cell, k) => cell.setAttribute(
+        "aria-sort",
+        k !== sorted_by ? "none"
+          : descending  ? "descending"
+                        : "ascending"));
+    where.textContent = rows.length === 0
+      ? empty
       : `${count_text(start + 1)}–${count_text(start + shown.length)} of ${count_text(rows.length)}`;
     back.disabled = page === 0;
     onward.disabled = start + rows_per_page >= rows.length;
@@ -51,21 +61,30 @@ function make_table(place, caption, columns, {pick = null, sorted_by = 0, descen
   }
 
   function table_row(row, position) {
-    const cells = columns.map((column) =>
-      element("td", {class: column.is_number ? "number-cell" : null}, column.text(row)));
+    const cells =
+      columns.map((column) => element("td", {class: column.is_number ? "number-cell" : null}, column.text(row)));
     if (!pick) return element("tr", {}, cells);
-    return element("tr", {
-      class: "pickable", "data-row": row, "aria-selected": String(row === picked),
-      tabindex: row === picked || (position === 0 && picked === null) ? 0 : -1,
-      onclick: () => choose(row), onkeydown: move,
-    }, cells);
+    return element(
+      "tr", {
+        class: "pickable",
+        "data-row": row,
+        "aria-selected": String(row === picked),
+        tabindex: row === picked || (position === 0 && picked === null) ? 0 : -1,
+        onclick: () => choose(row),
+        onkeydown: move,
+      },
+      cells);
   }
 
   // One row of the page takes the focus of the tab key; arrows go on from there.
   function move(event) {
     const row = event.currentTarget;
-    const next = {ArrowDown: row.nextElementSibling, ArrowUp: row.previousElementSibling,
-      Home: body.firstElementChild, End: body.lastElementChild}[event.key];
+    const next = {
+      ArrowDown: row.nextElementSibling,
+      ArrowUp: row.previousElementSibling,
+      Home: body.firstElementChild,
+      End: body.lastElementChild
+    }[event.key];
     if (event.key === "Enter" || event.key === " ") {
       event.preventDefault();
       choose(Number(row.dataset.row));
@@ -105,8 +124,10 @@ function make_table(place, caption, columns, {pick = null, sorted_by = 0, descen
 
 // A small table with all rows, for the numbers behind a picture.
 function plain_table(caption, titles, rows) {
-  return element("div", {class: "table-frame"}, element("table", {},
-    element("caption", {class: "visually-hidden"}, caption),
-    element("thead", {}, element("tr", {}, titles.map((title) => element("th", {scope: "col"}, title)))),
-    element("tbody", {}, rows.map((row) => element("tr", {}, row.map((cell) => element("td", {}, cell)))))));
+  return element(
+    "div", {class: "table-frame"},
+    element(
+      "table", {}, element("caption", {class: "visually-hidden"}, caption),
+      element("thead", {}, element("tr", {}, titles.map((title) => element("th", {scope: "col"}, title)))),
+      element("tbody", {}, rows.map((row) => element("tr", {}, row.map((cell) => element("td", {}, cell)))))));
 }

@@ -41,7 +41,8 @@ class Page:
         options.set_capability("goog:loggingPrefs", {"browser": "ALL", "performance": "ALL"})
         self.driver = webdriver.Chrome(options=options, service=Service(shutil.which("chromedriver")))
         self.downloads = Downloads(downloads)
-        self.driver.execute_cdp_cmd("Browser.setDownloadBehavior", {"behavior": "allow", "downloadPath": str(downloads.resolve())})
+        self.driver.execute_cdp_cmd("Browser.setDownloadBehavior",
+                                    {"behavior": "allow", "downloadPath": str(downloads.resolve())})
         self.address = pathlib.Path(path).resolve().as_uri()
         self.driver.get(self.address)
 
