@@ -110,7 +110,7 @@ condition_prover::outcome condition_prover::solve_until_nothing_is_broken() {
         if (is_enough()) {
             return outcome::settled;
         }
-    } while (region_.grow() || (most_fractional() < 0 && take_in_fractions()));
+    } while (region_.grow() || region_.cut_fractions() || (most_fractional() < 0 && take_in_fractions()));
     return outcome::branches;
 }
 

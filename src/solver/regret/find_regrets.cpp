@@ -150,6 +150,17 @@ class regret_finder {
         }
     }
 
+    // By column, 1 for the demands that need no choice at all.
+    std::vector<double> without_choices() const {
+        directions lone(at(structure_.num_choices()), -1);
+        for (int gate = 0; gate < 2 * structure_.num_choices(); ++gate) {
+            if (structure_.gate_column[at(gate)] >= 0 && structure_.gate_column[at(gate ^ 1)] < 0) {
+                lone[at(gate / 2)] = static_cast<signed char>(gate % 2);
+            }
+        }
+        return values_of(structure_, lone, static_cast<int>(values_.size()));
+    }
+
     regret_report tell() {
         regret_report made;
         made.regret.resize(values_.size());
@@ -166,9 +177,10 @@ class regret_finder {
             const long upper = std::min(bound_ - turned_[at(choice)], users[at(gate)]);
             made.regret[column_of(gate)] = {lower, upper};
         }
+        const std::vector<double> sure = without_choices();
         for (int demand = 0; demand < structure_.num_demands(); ++demand) {
-            if (is_lost(demand)) {
-                const std::size_t column = at(structure_.demand_column[at(demand)]);
+            const std::size_t column = at(structure_.demand_column[at(demand)]);
+            if (is_lost(demand) && sure[column] == 0.0) {
                 tell_price(undecided_.pair_of[at(demand)], best, made.price[column], made.against[column]);
             }
         }

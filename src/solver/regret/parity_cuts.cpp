@@ -63,12 +63,12 @@ bool takes_part(const program_row& row, const std::vector<double>& values) {
 }
 
 // Columns at 1 are rounded as 1 - x, which takes their coefficients up.
-program_row half_of(const std::vector<program_row>& rows, const std::vector<int>& added,
+program_row half_of(const std::vector<const program_row*>& rows, const std::vector<int>& added,
                     const std::vector<double>& values) {
     std::map<int, double> total;
     double upper = 0.0;
     for (const int r : added) {
-        const program_row& row = rows[at(r)];
+        const program_row& row = *rows[at(r)];
         upper += row.upper;
         for (std::size_t t = 0; t < row.columns.size(); ++t) {
             total[row.columns[t]] += row.values[t];
@@ -91,14 +91,15 @@ program_row half_of(const std::vector<program_row>& rows, const std::vector<int>
 
 }  // namespace
 
-std::vector<program_row> find_parity_cuts(const std::vector<program_row>& rows, const std::vector<double>& values) {
+std::vector<program_row> find_parity_cuts(const std::vector<const program_row*>& rows,
+                                          const std::vector<double>& values) {
     std::map<int, parity_row> by_pivot;
     std::vector<program_row> cuts;
     for (int r = 0; r < static_cast<int>(rows.size()); ++r) {
-        if (!takes_part(rows[at(r)], values)) {
+        if (!takes_part(*rows[at(r)], values)) {
             continue;
         }
-        parity_row parity = parity_of(rows[at(r)], r, values);
+        parity_row parity = parity_of(*rows[at(r)], r, values);
         while (!parity.columns.empty()) {
             const auto pivot = by_pivot.find(parity.columns.front());
             if (pivot == by_pivot.end()) {

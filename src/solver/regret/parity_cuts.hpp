@@ -17,6 +17,7 @@
 namespace solver {
 
 // Values by column, in [0, 1]; whole but for rounding errors where they are not fractional.
-std::vector<program_row> find_parity_cuts(const std::vector<program_row>& rows, const std::vector<double>& values);
+std::vector<program_row> find_parity_cuts(const std::vector<const program_row*>& rows,
+                                          const std::vector<double>& values);
 
 }  // namespace solver

@@ -2,10 +2,12 @@
 
 #include <algorithm>
 #include <cmath>
+#include <iterator>
 #include <optional>
 #include <utility>
 
 #include "solver/bound/pair_rows.hpp"
+#include "solver/regret/parity_cuts.hpp"
 #include "solver/structure/index.hpp"
 
 namespace solver {
@@ -14,13 +16,15 @@ namespace {
 constexpr double tolerance = 1e-6;      // of a value, and of a row's sum
 constexpr double cut_tolerance = 1e-4;  // of a cut
 constexpr double least_price = 1e-9;    // that a row may leave unpaid
-constexpr double leaning = 1e-5;        // towards the root's values, as there towards the answer
+constexpr int many_rows = 2000;
+constexpr double leaning = 1e-5;  // towards the root's values, as there towards the answer
 
 }  // namespace
 
 region_program::region_program(const contested_problem& problem, const root_prices& root, const solve_watch& watch)
     : problem_(problem),
       root_(root),
+      watch_(watch),
       highs_(watch),
       pairs_of_gate_(2 * problem.choices.size()),
       pair_of_column_(root.values.size(), -1),
@@ -63,6 +67,8 @@ void region_program::begin() {
     own_rows_.clear();
     favoured_ = 0.0;
     bound_ = infinity;
+    columns_passed_ = rows_passed_ = 0;
+    Highs_clearModel(highs_.get());
 }
 
 void region_program::set_value(int column, double value) {
@@ -112,8 +118,8 @@ void region_program::take_in(int column) {
     }
 }
 
-bool region_program::run() {
-    const HighsInt num_columns = static_cast<HighsInt>(columns_.size());
+// Weights of columns that the solver knows change with the rows that are taken in.
+void region_program::pass_columns() {
     std::vector<double> costs(columns_.size());
     std::vector<double> lower(columns_.size(), 0.0);
     std::vector<double> upper(columns_.size(), 1.0);
@@ -127,21 +133,40 @@ bool region_program::run() {
             lower[j] = upper[j] = fixed_[j];
         }
     }
+    const auto known = static_cast<HighsInt>(columns_passed_);
+    if (known > 0) {
+        Highs_changeColsCostByRange(highs_.get(), 0, known - 1, costs.data());
+        Highs_changeColsBoundsByRange(highs_.get(), 0, known - 1, lower.data(), upper.data());
+    }
+    if (columns_.size() > columns_passed_) {
+        Highs_addCols(highs_.get(), static_cast<HighsInt>(columns_.size()) - known, costs.data() + known,
+                      lower.data() + known, upper.data() + known, 0, nullptr, nullptr, nullptr);
+    }
+    columns_passed_ = columns_.size();
+}
+
+void region_program::pass_new_rows() {
+    if (rows_passed_ == region_.size()) {
+        return;
+    }
     flat_rows flat;
-    for (const priced_row& priced : region_) {
+    for (; rows_passed_ < region_.size(); ++rows_passed_) {
+        const program_row& row = *region_[rows_passed_].row;
         flat.starts.push_back(flat.num_entries());
-        for (const int column : priced.row->columns) {
-            flat.columns.push_back(local_of_[at(column)]);
-        }
-        flat.values.insert(flat.values.end(), priced.row->values.begin(), priced.row->values.end());
-        flat.upper.push_back(priced.row->upper);
+        std::transform(row.columns.begin(), row.columns.end(), std::back_inserter(flat.columns),
+                       [this](int column) { return local_of_[at(column)]; });
+        flat.values.insert(flat.values.end(), row.values.begin(), row.values.end());
+        flat.upper.push_back(row.upper);
     }
     flat.starts.push_back(flat.num_entries());
     flat.lower.assign(flat.upper.size(), -infinity);
-    Highs_passLp(highs_.get(), num_columns, flat.num_rows(), flat.num_entries(), kHighsMatrixFormatRowwise,
-                 kHighsObjSenseMinimize, 0.0, costs.data(), lower.data(), upper.data(), flat.lower.data(),
-                 flat.upper.data(), flat.starts.data(), flat.columns.data(), flat.values.data());
-    if (Highs_run(highs_.get()) == kHighsStatusError) {
+    Highs_addRows(highs_.get(), flat.num_rows(), flat.lower.data(), flat.upper.data(), flat.num_entries(),
+                  flat.starts.data(), flat.columns.data(), flat.values.data());
+}
+
+// A small program ends before anybody would ask for a stop.
+bool region_program::run() {
+    if (num_rows() > many_rows ? highs_.run() != run_end::finished : Highs_run(highs_.get()) == kHighsStatusError) {
         return false;
     }
     solution_.resize(columns_.size());
@@ -151,8 +176,13 @@ bool region_program::run() {
 }
 
 bool region_program::solve() {
+    pass_columns();
+    pass_new_rows();
     if (!run()) {
-        Highs_clearSolver(highs_.get());
+        if (watch_.stop_requested()) {
+            return false;
+        }
+        Highs_clearSolver(highs_.get());  // some runs from a known basis end without a status
         if (!run()) {
             return false;
         }
@@ -206,6 +236,19 @@ bool region_program::grow() {
         add_row(own_rows_[r], 0.0);
     }
     return num_rows() > before;
+}
+
+bool region_program::cut_fractions() {
+    std::vector<const program_row*> rows;
+    for (const priced_row& priced : region_) {
+        rows.push_back(priced.row);
+    }
+    std::vector<program_row> cuts = find_parity_cuts(rows, values_);
+    for (program_row& cut : cuts) {
+        own_rows_.push_back(std::move(cut));
+        add_row(own_rows_.back(), 0.0);
+    }
+    return !cuts.empty();
 }
 
 // Those that are broken, or that have a price and slack.

@@ -38,6 +38,9 @@ class region_program {
     bool solve();
     // Takes in what the last solution breaks or charges too much for. False when there is nothing.
     bool grow();
+    // Takes in rows that follow from the region's and that the last solution breaks
+    // (parity_cuts.hpp). False when there are none.
+    bool cut_fractions();
 
     double bound() const { return bound_; }
     // In the order in which they were taken in.
@@ -54,6 +57,8 @@ class region_program {
 
     int local(int column);
     void add_row(const program_row& row, double price);
+    void pass_columns();
+    void pass_new_rows();
     bool run();
     void prove_bound();
     bool take_in_rows_of(int column);
@@ -63,6 +68,7 @@ class region_program {
 
     const contested_problem& problem_;
     const root_prices& root_;
+    const solve_watch& watch_;
     highs_handle highs_;
     std::vector<std::vector<int>> pairs_of_gate_;  // those with a column
     std::vector<int> pair_of_column_;              // -1 = of a choice
@@ -80,6 +86,8 @@ class region_program {
     std::vector<int> root_rows_;        // of region_
     std::deque<program_row> own_rows_;  // cuts that the root does not have
     double favoured_ = 0.0;
+    std::size_t columns_passed_ = 0;  // to the solver, which starts from its last basis
+    std::size_t rows_passed_ = 0;
     std::vector<double> solution_;
     std::vector<double> multipliers_;
     double bound_ = infinity;

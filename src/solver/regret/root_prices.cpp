@@ -35,7 +35,11 @@ bool add_rows(cut_master& master) {
     if (master.add_broken_cuts(cut_tolerance) > 0) {
         return true;
     }
-    const std::vector<program_row> cuts = find_parity_cuts(master.program().rows(), master.program().values());
+    std::vector<const program_row*> rows;
+    for (const program_row& row : master.program().rows()) {
+        rows.push_back(&row);
+    }
+    const std::vector<program_row> cuts = find_parity_cuts(rows, master.program().values());
     for (const program_row& cut : cuts) {
         master.add_row(cut);
     }
