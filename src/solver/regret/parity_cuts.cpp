@@ -10,8 +10,9 @@
 namespace solver {
 namespace {
 
-constexpr double tolerance = 1e-6;     // of a value, and of a row's sum
-constexpr std::size_t most_rows = 60;  // that a cut is made of
+constexpr double tolerance = 1e-6;            // of a value, and of a row's sum
+constexpr std::size_t most_rows = 60;         // that a cut is made of
+constexpr std::size_t most_candidates = 500;  // where more take part, no cut changes much
 
 bool is_fractional(double value) {
     return value > tolerance && value < 1.0 - tolerance;
@@ -93,13 +94,18 @@ program_row half_of(const std::vector<const program_row*>& rows, const std::vect
 
 std::vector<program_row> find_parity_cuts(const std::vector<const program_row*>& rows,
                                           const std::vector<double>& values) {
+    std::vector<parity_row> candidates;
+    for (int r = 0; r < static_cast<int>(rows.size()); ++r) {
+        if (takes_part(*rows[at(r)], values)) {
+            candidates.push_back(parity_of(*rows[at(r)], r, values));
+        }
+    }
+    if (candidates.size() > most_candidates) {
+        return {};
+    }
     std::map<int, parity_row> by_pivot;
     std::vector<program_row> cuts;
-    for (int r = 0; r < static_cast<int>(rows.size()); ++r) {
-        if (!takes_part(*rows[at(r)], values)) {
-            continue;
-        }
-        parity_row parity = parity_of(*rows[at(r)], r, values);
+    for (parity_row& parity : candidates) {
         while (!parity.columns.empty()) {
             const auto pivot = by_pivot.find(parity.columns.front());
             if (pivot == by_pivot.end()) {

@@ -7,7 +7,8 @@
 // fractional columns are found by elimination modulo 2 (Andreello, Caprara and Fischetti
 // 2007); columns at 0 or 1 are rounded at no loss. Each row found is broken by one half.
 //
-// Bounded: an elimination of the rows that hold a fractional column.
+// Bounded: an elimination of the rows that hold a fractional column, or nothing where these are
+// more than some hundreds.
 #pragma once
 
 #include <vector>

@@ -12,6 +12,7 @@ namespace {
 
 constexpr double cut_tolerance = 1e-4;
 constexpr double whole_tolerance = 1e-6;
+constexpr int many_choices = 500;
 
 void index_rows(root_prices& root) {
     root.column_first.assign(root.values.size() + 1, 0);
@@ -28,6 +29,11 @@ void index_rows(root_prices& root) {
             root.column_rows[at(next[at(column)]++)] = r;
         }
     }
+}
+
+// Such a program is far from any directions, and more cuts would only make it large.
+bool is_mostly_fractional(const cut_master& master) {
+    return master.num_choices() >= many_choices && 4 * master.num_fractional() > master.num_choices();
 }
 
 // Cuts of pairs, and where there are none, rows that close small gaps.
@@ -57,7 +63,7 @@ root_prices find_root_prices(const contested_problem& problem, const directions&
             break;
         }
         root.bound = master.program().bound();
-    } while (!master.program().ran_into_limit() && add_rows(master));
+    } while (!master.program().ran_into_limit() && !is_mostly_fractional(master) && add_rows(master));
     if (root.bound == infinity) {
         return root;
     }
