@@ -9,8 +9,23 @@
 #include "orientation/prepare_ilp.hpp"
 #include "process/held_output.hpp"
 #include "process/interruption.hpp"
+#include "process/output_file.hpp"
 #include "report/compare.hpp"
 #include "report/graph_writer.hpp"
+
+namespace {
+
+void tell_if_cut(const std::string& path, const std::string& reason) {
+    if (!reason.empty()) {
+        std::cout << "ERROR: file " << path << " could not be completed: " << reason << std::endl;
+    }
+}
+
+void draw(const std::string& path) {
+    tell_if_cut(path, write_network(path));
+}
+
+}  // namespace
 
 int run(int argc, char** argv, const solver::back_end& back_end) {
     if (argc != 3) {
@@ -46,7 +61,7 @@ IloCplex run_phases(const input_opener& open_input, const run_choices& choices) 
 
     // The network as read, before the solution takes arcs out of it.
     if (choices.output) {
-        write_network(*choices.output + "initial_graph.txt");
+        draw(*choices.output + "initial_graph.txt");
     }
 
     // Where distances to a target are searched step by step, it is in this copy.
@@ -62,7 +77,9 @@ IloCplex run_phases(const input_opener& open_input, const run_choices& choices) 
 
     // Before solving, so that it is there for another solver whatever happens.
     if (choices.output) {
-        cplex.exportModel((*choices.output + "shortest.lp").c_str());
+        take_away(*choices.output + "solution_graph.txt");  // an answer to another model
+        const std::string path = *choices.output + "shortest.lp";
+        tell_if_cut(path, cplex.exportModel(path.c_str()));
     }
 
     choices.before_solving();
@@ -74,7 +91,7 @@ IloCplex run_phases(const input_opener& open_input, const run_choices& choices) 
 
     // What is left is the solution.
     if (choices.output) {
-        write_network(*choices.output + "solution_graph.txt");
+        draw(*choices.output + "solution_graph.txt");
         release_answer();
     }
     return cplex;

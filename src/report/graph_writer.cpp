@@ -1,10 +1,10 @@
 #include "report/graph_writer.hpp"
 
 #include <algorithm>
-#include <fstream>
-#include <vector>
 
 #include <boost/graph/graphviz.hpp>
+
+#include "process/output_file.hpp"
 
 namespace {
 
@@ -55,11 +55,6 @@ struct vertex_map {
     friend value get(vertex_map, vertex_descriptor vertex) { return value_of(vertex); }
 };
 
-// The library flushes after every line; the file is complete when it is closed.
-struct unflushed_filebuf : std::filebuf {
-    int sync() override { return 0; }
-};
-
 }  // namespace
 
 void write_network(std::ostream& out) {
@@ -67,12 +62,10 @@ void write_network(std::ostream& out) {
                           epw(solution_graph), boost::default_writer(), vertex_map<vertex_number, number_of>());
 }
 
-void write_network(const std::string& path) {
-    std::vector<char> block(1 << 16);
-    unflushed_filebuf file;
-    file.pubsetbuf(block.data(), static_cast<std::streamsize>(block.size()));
-    std::ostream out(&file);
-    if (file.open(path, std::ios::out | std::ios::trunc) != nullptr) {
-        write_network(out);
+std::string write_network(const std::string& path) {
+    output_file file(path);
+    if (file.is_open()) {
+        write_network(file.text());
     }
+    return file.finish();
 }

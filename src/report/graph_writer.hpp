@@ -23,6 +23,6 @@ struct epw {
 
 // Writes bi_graph: numbered vertices with their names, then the arcs.
 void write_network(std::ostream& out);
-// The same into a file, replacing it. A file that cannot be written is lost
-// without a word.
-void write_network(const std::string& path);
+// The same into a file, replacing it. Gives the system's reason when it could not be
+// completed, else nothing. A file that does not open is passed over.
+std::string write_network(const std::string& path);

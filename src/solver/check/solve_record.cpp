@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <exception>
+#include <new>
 #include <optional>
 #include <utility>
 
@@ -124,12 +125,11 @@ std::string check_values(const model_record& record, std::vector<double>& values
 solve_answer solve_record(const model_record& record, const back_end& solver, const solve_watch& watch) {
     try {
         return solve_and_check(record, solver, watch);
+    } catch (const std::bad_alloc&) {
+        return failed("ERROR: out of memory");
     } catch (const std::exception& failure) {
-        // Out of memory, or a solver that refuses what it is given: no reason to lose the message.
-        solve_answer answer;
-        answer.status = solve_status::error;
-        answer.reason = failure.what();
-        return answer;
+        // A solver that refuses what it is given: no reason to lose the message.
+        return failed(failure.what());
     }
 }
 

@@ -9,6 +9,7 @@
 #include <string>
 #include <thread>
 
+#include "process/start_thread.hpp"
 #include "solver/cplex/cplex_problem.hpp"
 
 namespace solver {
@@ -23,7 +24,7 @@ class watcher {
     watcher(const library& calls, const solve_watch& watch, bool maximizes, volatile int& stop)
         : calls_(calls), watch_(watch), stop_(stop) {
         progress_ = {"solve", maximizes ? -infinity : infinity, maximizes ? infinity : -infinity};
-        thread_ = std::thread([this] { run(); });
+        thread_ = start_thread([this] { run(); });
     }
     ~watcher() {
         {

@@ -3,6 +3,7 @@
 #include <chrono>
 #include <utility>
 
+#include "process/start_thread.hpp"
 #include "solver/find/local_search.hpp"
 #include "solver/find/random_source.hpp"
 #include "solver/find/recombine.hpp"
@@ -131,7 +132,7 @@ class value_search::searcher {
 value_search::value_search(const contested_problem& problem, found_directions start, long target,
                            const solve_watch& watch)
     : problem_(problem), watch_(watch), best_(std::move(start)) {
-    thread_ = std::thread([this, target] { run(target); });
+    thread_ = start_thread([this, target] { run(target); });
 }
 
 value_search::~value_search() {

@@ -5,15 +5,20 @@
 #include <condition_variable>
 #include <cstdio>
 #include <cstdlib>
+#include <exception>
 #include <iostream>
 #include <mutex>
+#include <new>
 #include <optional>
 #include <stdexcept>
 #include <thread>
 
+#include "process/start_thread.hpp"
+
 namespace solver {
 namespace {
 
+constexpr HighsInt memory_limit = 18;                      // a model status without a name in the C interface
 constexpr auto glance = std::chrono::milliseconds(50);     // between two looks at the watch
 constexpr auto patience = std::chrono::milliseconds(300);  // with a run that was asked to stop
 
@@ -49,6 +54,7 @@ struct highs_handle::instance {
     std::mutex mutex;  // for all below
     std::condition_variable wake;
     std::optional<HighsInt> status;  // of a run that has ended
+    std::exception_ptr failure;      // what it threw
     std::optional<solve_progress> progress;
     incumbent found;
 
@@ -64,9 +70,16 @@ struct highs_handle::instance {
     instance& operator=(const instance&) = delete;
 
     void run() {
-        const HighsInt ended = Highs_run(highs);
+        HighsInt ended = kHighsStatusError;
+        std::exception_ptr thrown;
+        try {
+            ended = Highs_run(highs);
+        } catch (...) {
+            thrown = std::current_exception();
+        }
         const std::lock_guard lock(mutex);
         status = ended;
+        failure = thrown;
         wake.notify_one();
     }
 
@@ -124,7 +137,7 @@ run_end highs_handle::run(incumbent& found) {
 run_end highs_handle::run_or_abandon(incumbent& found) {
     using clock = std::chrono::steady_clock;
     instance_->status.reset();
-    std::thread worker([shared = instance_] { shared->run(); });
+    std::thread worker = start_thread([shared = instance_] { shared->run(); });
     std::unique_lock lock(instance_->mutex);
     clock::time_point give_up = clock::time_point::max();
     while (!instance_->wake.wait_for(lock, glance, [this] { return instance_->status.has_value(); })) {
@@ -149,6 +162,12 @@ run_end highs_handle::run_or_abandon(incumbent& found) {
     }
     lock.unlock();
     worker.join();
+    if (instance_->failure) {
+        std::rethrow_exception(instance_->failure);
+    }
+    if (model_status() == memory_limit) {
+        throw std::bad_alloc();
+    }
     return *instance_->status == kHighsStatusError ? run_end::failed : run_end::finished;
 }
 

@@ -5,11 +5,11 @@
 #include <algorithm>
 #include <charconv>
 #include <cmath>
-#include <fstream>
 #include <initializer_list>
 #include <string>
 #include <string_view>
 
+#include "process/output_file.hpp"
 #include "solver/lp_file/lp_names.hpp"
 #include "solver/lp_file/text_block.hpp"
 
@@ -229,14 +229,12 @@ void write_lp(const model_record& record, std::ostream& out) {
     text.add("End\n");
 }
 
-bool write_lp_file(const model_record& record, const char* path) {
-    std::ofstream out(path, std::ios::out | std::ios::trunc | std::ios::binary);
-    if (!out) {
-        return false;
+std::string write_lp_file(const model_record& record, const char* path) {
+    output_file file(path);
+    if (file.is_open()) {
+        write_lp(record, file.text());
     }
-    write_lp(record, out);
-    out.close();
-    return !out.fail();
+    return file.finish();
 }
 
 }  // namespace solver

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <iosfwd>
+#include <string>
 
 #include "solver/record/model_record.hpp"
 
@@ -9,7 +10,8 @@ namespace solver {
 
 void write_lp(const model_record& record, std::ostream& out);
 
-// Returns false when the file cannot be written; nothing is thrown or reported.
-bool write_lp_file(const model_record& record, const char* path);
+// Gives the system's reason when the file could not be completed, else nothing. A file
+// that does not open is passed over.
+std::string write_lp_file(const model_record& record, const char* path);
 
 }  // namespace solver

@@ -179,7 +179,8 @@ class IloCplex : public IloAlgorithm {
     double getValue(const IloNumVar& variable) const;
 
     // Writes the model in LP format. A path that cannot be written is no error.
-    void exportModel(const char* path) const;
+    // Gives the system's reason when the file could not be completed, else nothing.
+    std::string exportModel(const char* path) const;
 
     // The back end of later solves, and who watches them; defaults: the one that
     // the build names, and nobody. Gives the watch that was set before.

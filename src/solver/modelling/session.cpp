@@ -195,8 +195,8 @@ const solve_answer& IloCplex::answer() const {
     return data_->answer;
 }
 
-void IloCplex::exportModel(const char* path) const {
-    write_lp_file(current_record(*data_), path);
+std::string IloCplex::exportModel(const char* path) const {
+    return write_lp_file(current_record(*data_), path);
 }
 
 void IloCplex::use_back_end(const solver::back_end& back_end) {
