@@ -76,15 +76,16 @@ void declare_all(boost::dynamic_properties& properties, const attribute_graph& g
 }  // namespace
 
 std::string graphml_text(const results::answer& answer, const subnetwork& network) {
-    attribute_graph graph;
+    attribute_graph graph(network.proteins.size());
     std::map<std::string, attribute_value> node_kinds;
     std::map<std::string, attribute_value> edge_kinds;
     std::vector<std::size_t> vertex_of(answer.proteins.size());
     const std::vector<std::vector<attribute>> by_protein = protein_attributes(answer);
-    for (const std::size_t protein : network.proteins) {
-        const attribute_map attributes = held(by_protein[protein]);
-        node_kinds.insert(attributes.values.begin(), attributes.values.end());
-        vertex_of[protein] = boost::add_vertex(attributes, graph);
+    for (std::size_t vertex = 0; vertex < network.proteins.size(); ++vertex) {
+        const std::size_t protein = network.proteins[vertex];
+        graph[vertex] = held(by_protein[protein]);
+        node_kinds.insert(graph[vertex].values.begin(), graph[vertex].values.end());
+        vertex_of[protein] = vertex;
     }
     for (const std::size_t i : network.interactions) {
         const auto [source, target] = drawn_ends(answer.interactions[i]);
