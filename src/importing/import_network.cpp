@@ -158,7 +158,7 @@ std::string counted(std::size_t count, const std::string& what) {
     return std::to_string(count) + " " + what + (count == 1 ? "" : "s");
 }
 
-// Thresholds at tenths of the interactions, as many as differ.
+// Thresholds at tenths of the interactions, closer ones at the end, as many as differ.
 [[noreturn]] void fail_for_size(const interaction_pool& pool, const std::vector<named_pair>& pairs,
                                 const import_plan& plan, std::size_t num_proteins) {
     std::vector<double> confidences;
@@ -167,8 +167,8 @@ std::string counted(std::size_t count, const std::string& what) {
     }
     std::sort(confidences.begin(), confidences.end());
     std::vector<double> thresholds;
-    for (std::size_t tenth = 1; tenth < 10; ++tenth) {
-        thresholds.push_back(confidences[tenth * confidences.size() / 10]);
+    for (const std::size_t percent : {10, 20, 30, 40, 50, 60, 70, 80, 90, 95, 98, 99}) {
+        thresholds.push_back(confidences[percent * confidences.size() / 100]);
     }
     thresholds.push_back(confidences.back());
     thresholds.erase(std::unique(thresholds.begin(), thresholds.end()), thresholds.end());

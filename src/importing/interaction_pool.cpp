@@ -5,8 +5,9 @@
 #include "tables/unusable_input.hpp"
 
 int interaction_pool::number_of_name(std::string_view name, int source) {
-    const auto [place, is_new] = numbers_.emplace(name, static_cast<int>(names_.size()));
-    if (is_new) {
+    auto place = numbers_.find(name);
+    if (place == numbers_.end()) {
+        place = numbers_.emplace(name, static_cast<int>(names_.size())).first;
         names_.emplace_back(name);
         sources_.emplace_back();
     }

@@ -2,7 +2,9 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <string>
+#include <string_view>
 #include <unordered_map>
 #include <vector>
 
@@ -43,7 +45,12 @@ class interaction_pool {
 
     std::vector<std::string> names_;
     std::vector<std::vector<int>> sources_;
-    std::unordered_map<std::string, int> numbers_;
+    // Names are looked up as they stand in a row, without a copy of their own.
+    struct name_hash {
+        using is_transparent = void;
+        std::size_t operator()(std::string_view name) const { return std::hash<std::string_view>()(name); }
+    };
+    std::unordered_map<std::string, int, name_hash, std::equal_to<>> numbers_;
     std::vector<entry> entries_;
     std::unordered_map<std::uint64_t, std::size_t> places_;  // by both numbers
 };

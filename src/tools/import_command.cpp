@@ -2,6 +2,7 @@
 #include <memory>
 
 #include "importing/import_network.hpp"
+#include "process/interruption.hpp"
 #include "tables/unusable_input.hpp"
 #include "tools/commands.hpp"
 
@@ -60,7 +61,13 @@ void import_files(import_arguments& arguments, const CLI::App& command) {
                                                           : name_kind::systematic;
     plan.match_loosely = arguments.match == "loose";
     const import_result result = import_network(plan);
-    write_import(arguments.input, plan, result);
+    {
+        // Until here a signal ends the program with nothing written; from here on files that
+        // belong together are moved one by one.
+        const interruption signals;
+        hold_answer();
+        write_import(arguments.input, plan, result);
+    }
     std::cout << import_text(plan, result);
 }
 
