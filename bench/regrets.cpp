@@ -6,7 +6,7 @@
 // limit. Before it the network is read and solved, for no longer than SECONDS either.
 //
 // "gates N tied N decided N open N" and "demands N priced N open N" count what was found,
-// "solve SECONDS" and "regrets SECONDS" are processor time of user and system. The file gets
+// "run SECONDS" and "regrets SECONDS" are processor time of user and system. The file gets
 // a line for every gate and demand: its column and both ends of its range.
 #include <chrono>
 #include <cstdio>
@@ -14,12 +14,6 @@
 #include <ctime>
 
 #include "driver/run.hpp"
-#include "input/read_data.hpp"
-#include "model/network_graph.hpp"
-#include "orientation/prepare_ilp.hpp"
-#include "report/compare.hpp"
-#include "solver/back_ends/back_ends.hpp"
-#include "solver/check/solve_record.hpp"
 #include "solver/regret/find_regrets.hpp"
 
 namespace {
@@ -49,17 +43,13 @@ int main(int argc, char** argv) {
     const double seconds = argc > 2 ? std::atof(argv[2]) : 0.0;
     const double limit = seconds > 0.0 ? seconds : solver::infinity;
 
-    IloModel model(env);
-    name_objective();
-    read_data(argv, model);
-    std::vector<vertex_descriptor> iso_vec;
-    IsoMap isoMap = copy_network(iso_vec);
-    prepare_ilp(model, true, isoMap);
-    const solver::model_record record = IloCplex(model).record();
-
     double before = processor_time();
-    const solver::solve_answer answer = solver::solve_record(record, solver::search_with_highs, watch_for(limit));
-    std::printf("solve %.3f value %.0f bound %.0f\n", processor_time() - before, answer.objective, answer.bound);
+    run_choices choices;
+    choices.watch = watch_for(limit);
+    const IloCplex session = run_phases(files_below(argv[1]), choices);
+    const solver::model_record& record = session.solved_record();
+    const solver::solve_answer& answer = session.answer();
+    std::printf("run %.3f value %.0f bound %.0f\n", processor_time() - before, answer.objective, answer.bound);
 
     before = processor_time();
     const auto found =
