@@ -9,7 +9,6 @@
 
 namespace {
 
-using solver::proven_range;
 using solver::regret_report;
 
 std::size_t at(int index) {

@@ -86,6 +86,7 @@ bool ended_well(const worker& ended) {
 
 void wait_for_news(const std::vector<worker>& running) {
     std::vector<pollfd> pipes;
+    pipes.reserve(running.size());
     for (const worker& one : running) {
         pipes.push_back({one.pipe, POLLIN, 0});
     }
