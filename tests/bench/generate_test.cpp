@@ -20,6 +20,24 @@ TEST_F(program_test, planted_network_without_noise_is_satisfied_whole) {
     }
 }
 
+// Over the network of another input, and in layers. Without noise the optimum is known again.
+TEST_F(program_test, pairs_are_planted_on_a_given_network_and_across_layers) {
+    run_program({"base/", "proteins=150", "directed=60", "undirected=250", "test=40", "pairs=10"}, NETORIENT_GENERATE);
+    run_program({"over/", "network=base/", "pairs=300", "noise=0"}, NETORIENT_GENERATE);
+    for (const std::string file : {"names.txt", "directed", "test"}) {
+        EXPECT_EQ(read("over/" + file), read("base/" + file));
+    }
+    run_program({"layers/", "proteins=60", "layers=6", "links=7", "directed=20", "test=5", "pairs=20",
+                 "pairs_per_source=3", "noise=0"},
+                NETORIENT_GENERATE);
+    for (const auto& [made, num_pairs] : {std::pair("over/", 300), std::pair("layers/", 20)}) {
+        const std::string pairs = read(made + std::string("ko"));
+        ASSERT_EQ(std::count(pairs.begin(), pairs.end(), '\n'), num_pairs) << made;
+        EXPECT_EQ(run_program({made, made}).out, "Solution status = Optimal\nSolution value  = " +
+                                                     std::to_string(num_pairs) + "\ncplex solver finished\n");
+    }
+}
+
 TEST_F(program_test, seed_decides_every_byte) {
     for (const std::string seed : {"7", "8", "again 7"}) {
         run_program({seed + "/", "seed=" + seed.substr(seed.size() - 1)}, NETORIENT_GENERATE);

@@ -31,6 +31,8 @@ class cut_master {
     void lean_towards(const directions& chosen);
 
     bool solve() { return program_.solve(); }
+    // From here on by a first-order method, to the given relative tolerance (row_program.hpp).
+    void solve_loosely(double tolerance) { program_.solve_loosely(tolerance); }
     // A row that all directions keep.
     void add_row(program_row row) { program_.add_row(std::move(row)); }
 

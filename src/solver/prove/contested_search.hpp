@@ -32,6 +32,10 @@ struct search_plan {
     int hard_choices = 500;
     double hard_share = 0.25;
     long first_nodes = 1000;  // of a branch and bound
+
+    // A problem of so many pairs is wide: part_search.hpp says what is done for it.
+    int many_pairs = 50000;
+    double simplex_work = 5e8;  // of a solve; what takes more is left to a first-order method
 };
 
 // Never worse than the start, which has a direction for every choice. When stopped, gives the

@@ -19,12 +19,15 @@ namespace solver {
 namespace {
 
 constexpr double cut_tolerance = 1e-4;
+constexpr double loose_cut_tolerance = 0.01;  // of a program solved by a first-order method
+constexpr double loose_solve_tolerance = 1e-4;
 constexpr long small_gap = 5;  // that branch and bound may close on a problem of any size
 
 // Of the annealing that the program leans on, per choice: fewer where a move may walk a
 // long way, through so many arcs of a pair's network.
 constexpr double moves_at_first = 5.0;
 constexpr double arcs_at_first = 200.0;
+constexpr double times_as_many_in_wide = 12.0;
 
 // The tighter bound has come to rest when it moves by less than this share, so often.
 constexpr double resting_share = 5e-5;
@@ -34,7 +37,8 @@ constexpr int resting_rounds = 3;
 constexpr double patient_work = 1e8;
 // Moves of the search for values that are waited for, if need be: fewer than it makes meanwhile.
 constexpr double moves_per_work = 0.01;
-constexpr long moves_per_tightening = 200;  // and those below: per choice
+constexpr double moves_per_work_in_wide = 0.001;  // there a move takes longer, and an iteration less
+constexpr long moves_per_tightening = 200;        // and those below: per choice
 constexpr long moves_per_branching = 200;
 constexpr long moves_without_cuts = 400;  // when plain cuts have come to their end
 
@@ -49,7 +53,8 @@ class part_search {
           state_(problem),
           master_(problem, watch),
           known_(problem.total_weight(), plan.goal, outside, watch),
-          every_choice_(problem.choices.size(), 1) {
+          every_choice_(problem.choices.size(), 1),
+          is_wide_(static_cast<int>(problem.pairs.size()) >= plan.many_pairs) {
         state_.set(start);
         offer_state();
     }
@@ -79,23 +84,34 @@ class part_search {
     // will not come near: then true.
     bool cut_rounds() {
         double work = 0.0;
+        double tolerance = cut_tolerance;
+        int rests = 0;
         for (int round = 0;; ++round) {
             if (known_.done() || !master_.solve()) {
                 return false;
             }
+            const long bound_before = known_.answer().bound;
             known_.lower_bound_to(master_.program().bound());
             try_rounding(master_.program());
             known_.report("cuts");
             work += master_.program().work();
             if (work > patient_work) {
-                take_values(std::lround(moves_per_work * master_.program().work()));
+                take_values(
+                    std::lround((is_wide_ ? moves_per_work_in_wide : moves_per_work) * master_.program().work()));
             }
             lean();
-            if (master_.program().ran_into_limit() || (round > 0 && is_mostly_fractional())) {
+            if (is_wide_ && tolerance == cut_tolerance && master_.program().work() > plan_.simplex_work) {
+                master_.solve_loosely(loose_solve_tolerance);
+                tolerance = loose_cut_tolerance;
+            }
+            const bool is_loose = tolerance != cut_tolerance;
+            if (!is_loose && (master_.program().ran_into_limit() || (round > 0 && is_mostly_fractional()))) {
                 return !known_.done();
             }
-            if (known_.done() || master_.add_broken_cuts(cut_tolerance) == 0) {
-                return false;
+            const double gained = static_cast<double>(bound_before - known_.answer().bound);
+            rests = gained < resting_share * static_cast<double>(bound_before) ? rests + 1 : 0;
+            if (known_.done() || master_.add_broken_cuts(tolerance) == 0 || (is_loose && rests == resting_rounds)) {
+                return is_loose && !known_.done();
             }
         }
     }
@@ -106,7 +122,7 @@ class part_search {
     }
 
     void lean() {
-        if (known_.weight() > leaning_weight_) {
+        if (known_.weight() > leaning_weight_ && (!is_wide_ || leaning_weight_ < 0)) {
             leaning_weight_ = known_.weight();
             master_.lean_towards(known_.chosen());
         }
@@ -121,7 +137,13 @@ class part_search {
 
     // From where the state stands; every run has a seed of its own.
     void anneal_choices(const std::vector<char>& movable, long moves, double first_temperature) {
-        anneal(state_, movable, {moves, first_temperature, 0.1, ++seed_}, known_.answer().bound, watch_);
+        anneal(state_, movable, {moves, first_temperature, 0.1, ++seed_}, known_.answer().bound, watch_,
+               [this](const directions& best, long weight) {
+                   if (weight > known_.weight()) {
+                       known_.offer(best, weight);
+                       known_.report("local search");
+                   }
+               });
         offer_state();
         known_.report("local search");
     }
@@ -132,8 +154,12 @@ class part_search {
             arcs += static_cast<double>(pair.arcs.size());
         }
         const double moves =
-            std::min(moves_at_first, arcs_at_first * static_cast<double>(problem_.pairs.size()) / arcs);
-        anneal_choices(every_choice_, std::lround(moves * problem_.num_choices()), 0.5);
+            std::min(moves_at_first, arcs_at_first * static_cast<double>(problem_.pairs.size()) / arcs) *
+            problem_.num_choices();
+        anneal_choices(every_choice_, std::lround(moves), 0.5);
+        if (is_wide_ && !known_.done()) {
+            anneal_choices(every_choice_, std::lround(times_as_many_in_wide * moves), 0.5);
+        }
     }
 
     void anneal_fractional() {
@@ -245,6 +271,7 @@ class part_search {
     cut_master master_;
     known_answer known_;
     const std::vector<char> every_choice_;
+    const bool is_wide_;
     std::uint64_t seed_ = 0;
     long leaning_weight_ = -1;  // of the directions that the program leans towards
     long moves_taken_ = 0;      // of the search for values

@@ -6,6 +6,12 @@
 // and from annealing over the choices that it leaves fractional. What gap remains is
 // closed on a smaller problem (fix_choices.hpp).
 //
+// In a wide problem, of very many pairs, every round of cuts brings thousands of rows. There
+// the first annealing is followed by one of twelve times its moves, for cuts are fewer the
+// better the directions are that the program leans towards; it leans towards those
+// throughout, since rows and weights that both change leave the simplex method without a
+// start; and where a solve by it has cost much, the first-order method takes over.
+//
 // Where the program stays fractional through and through, a tighter one takes over
 // (chain_bound.hpp) until three rounds in a row hardly move its bound, while a second
 // thread looks for values (value_search.hpp). The last resort is branch and bound over

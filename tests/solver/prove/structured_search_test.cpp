@@ -147,7 +147,8 @@ TEST(structured_search, equals_enumeration_on_the_ways_of_hard_problems) {
         const search_plan branching{.hard_choices = 0, .hard_share = 2.0, .first_nodes = 1};
         const search_plan whole{.splits = seed % 3 == 0, .fixes = false};
         const directions start(left.contested.choices.size(), static_cast<signed char>(seed % 2));
-        for (const search_plan& plan : {hard, branching, whole}) {
+        const search_plan wide{.first_nodes = 1, .many_pairs = 0, .simplex_work = -1.0};
+        for (const search_plan& plan : {hard, branching, whole, wide}) {
             const contested_answer answer = search_contested(left.contested, start, plan, {}, {});
             ASSERT_EQ(answer.weight, best);
             ASSERT_EQ(answer.bound, best);
