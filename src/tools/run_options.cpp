@@ -46,7 +46,7 @@ answer_choices choices_of(const run_options& options) {
 }
 
 std::string output_folder(const std::string& path) {
-    const std::string folder = path.ends_with('/') ? path : path + "/";
+    std::string folder = path.ends_with('/') ? path : path + "/";
     std::error_code error;
     std::filesystem::create_directory(folder, error);
     if (error) {
