@@ -28,6 +28,7 @@ ordered_json share_json(const share_line& line) {
     json["right"] = line.right;
     json["share"] = line.oriented == 0 ? ordered_json() : ordered_json(line.share());
     json["interval"] = {line.range().lower, line.range().upper};
+    json["best_baseline"] = line.baseline;
     return json;
 }
 

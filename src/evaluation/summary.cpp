@@ -23,9 +23,40 @@ regret_class class_of(const judged_direction& item) {
     return regret >= 10 ? ten_and_more : regret >= 4 ? four_to_nine : regret >= 2 ? two_to_three : one;
 }
 
-void add_vote(baseline_line& line, vote given) {
-    line.decided += given != vote::undecided ? 1 : 0;
-    line.right += given == vote::right ? 1.0 : 0.0;
+// What each baseline says of some directions, beginning with the coin.
+class baseline_counter {
+ public:
+    void add(const judged_direction& item) {
+        ++all_;
+        add_vote(lines_[1], item.share);
+        add_vote(lines_[2], item.nearness);
+    }
+
+    std::vector<baseline_line> lines() const {
+        std::vector<baseline_line> counted = lines_;
+        const auto all = static_cast<double>(all_);
+        counted[0].decided = all_;
+        counted[0].right = all / 2.0;
+        for (baseline_line& line : counted) {
+            const double tossed = all - static_cast<double>(line.decided);
+            line.score = all_ > 0 ? (line.right + tossed / 2.0) / all : 0.5;
+        }
+        return counted;
+    }
+
+ private:
+    static void add_vote(baseline_line& line, vote given) {
+        line.decided += given != vote::undecided ? 1 : 0;
+        line.right += given == vote::right ? 1.0 : 0.0;
+    }
+
+    long all_ = 0;
+    std::vector<baseline_line> lines_ = {{"coin"}, {"larger share of known outgoing arcs"}, {"nearer to the causes"}};
+};
+
+const baseline_line& best_of(const std::vector<baseline_line>& lines) {
+    return *std::max_element(lines.begin(), lines.end(),
+                             [](const auto& a, const auto& b) { return a.score < b.score; });
 }
 
 std::string percent(double share) {
@@ -42,9 +73,9 @@ std::string listed(const std::vector<std::string>& names) {
     return text;
 }
 
-// A class may be relied on when all of its interval lies above a coin and the best
-// baseline. What keeps another from that is said: the baseline, or its smallness.
-std::string about_classes(const evaluation_summary& summary, double baseline) {
+// A class may be relied on when all of its interval lies above a coin and the baseline that
+// is best in it. What keeps another from that is said: the baseline, or its smallness.
+std::string about_classes(const evaluation_summary& summary) {
     constexpr long few = 30;
     std::vector<std::string> reliable;
     std::vector<std::string> above_coin;
@@ -52,7 +83,7 @@ std::string about_classes(const evaluation_summary& summary, double baseline) {
     std::vector<std::string> unreliable;
     for (const share_line& line : summary.classes) {
         if (line.oriented > 0) {
-            const double level = std::max(0.5, baseline);
+            const double level = line.baseline;
             const double lower = line.range().lower;
             const bool may_be_above = line.oriented < few && line.range().upper > level;
             (lower > level  ? reliable
@@ -69,8 +100,8 @@ std::string about_classes(const evaluation_summary& summary, double baseline) {
         }
     };
     add(reliable, " may be relied on");
-    add(above_coin, above_coin.size() == 1 ? " is better than a coin, but no better than that baseline"
-                                           : " are better than a coin, but no better than that baseline");
+    add(above_coin, above_coin.size() == 1 ? " is better than a coin, but no better than a baseline"
+                                           : " are better than a coin, but no better than a baseline");
     add(too_few, too_few.size() == 1 ? " is too small a class to tell" : " are too small classes to tell");
     add(unreliable, " may not be relied on");
     return " By regret: " + text + ".";
@@ -95,28 +126,27 @@ evaluation_summary summarize(const std::vector<judged_direction>& judged) {
     evaluation_summary made;
     made.hidden = static_cast<long>(judged.size());
     made.all.name = "all";
+    std::array<baseline_counter, class_names.size()> in_class;
+    baseline_counter in_all;
     for (const char* name : class_names) {
         made.classes.push_back({name});
     }
-    made.baselines = {{"coin"}, {"larger share of known outgoing arcs"}, {"nearer to the causes"}};
     for (const judged_direction& item : judged) {
         if (item.found == found_direction::none) {
             continue;
         }
-        share_line& line = made.classes[class_of(item)];
-        for (share_line* counted : {&made.all, &line}) {
+        const regret_class regret = class_of(item);
+        for (share_line* counted : {&made.all, &made.classes[regret]}) {
             ++counted->oriented;
             counted->right += item.is_right() ? 1 : 0;
         }
-        add_vote(made.baselines[1], item.share);
-        add_vote(made.baselines[2], item.nearness);
+        in_all.add(item);
+        in_class.at(regret).add(item);
     }
-    const auto oriented = static_cast<double>(made.all.oriented);
-    made.baselines[0].decided = made.all.oriented;
-    made.baselines[0].right = oriented / 2.0;
-    for (baseline_line& line : made.baselines) {
-        const double tossed = oriented - static_cast<double>(line.decided);
-        line.score = oriented > 0 ? (line.right + tossed / 2.0) / oriented : 0.5;
+    made.baselines = in_all.lines();
+    made.all.baseline = best_of(made.baselines).score;
+    for (std::size_t i = 0; i < made.classes.size(); ++i) {
+        made.classes[i].baseline = best_of(in_class.at(i).lines()).score;
     }
     return made;
 }
@@ -126,22 +156,21 @@ std::string conclusion(const evaluation_summary& summary, way_of_hiding way) {
         return summary.hidden == 0 ? "No direction was hidden, so nothing can be said."
                                    : "No hidden direction was found, so nothing can be said.";
     }
-    const auto best = std::max_element(summary.baselines.begin(), summary.baselines.end(),
-                                       [](const auto& a, const auto& b) { return a.score < b.score; });
+    const baseline_line& best = best_of(summary.baselines);
     const interval range = summary.all.range();
     const std::string share = percent(summary.all.share()) + " of the directions given are right";
     std::string text;
     if (range.upper < 0.5) {
         text = "Worse than a coin: only " + share + ".";
-    } else if (range.lower > best->score) {
-        text = "Better than every baseline: " + share + ", the best baseline (" + best->name + ") has " +
-               percent(best->score) + ".";
+    } else if (range.lower > best.score) {
+        text = "Better than every baseline: " + share + ", the best baseline (" + best.name + ") has " +
+               percent(best.score) + ".";
     } else {
-        text = "No better than " + std::string(best->name == "coin" ? "a coin" : "the baseline " + best->name) +
+        text = "No better than " + std::string(best.name == "coin" ? "a coin" : "the baseline " + best.name) +
                ", as far as " + std::to_string(summary.all.oriented) + " directions can tell: " + share + ", against " +
-               percent(best->score) + ".";
+               percent(best.score) + ".";
     }
-    text += about_classes(summary, best->score);
+    text += about_classes(summary);
     if (way != way_of_hiding::all) {
         text +=
             " Mind the way of hiding: where directions of the same proteins stay visible, these lead out of regulators,"

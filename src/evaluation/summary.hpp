@@ -19,6 +19,7 @@ struct share_line {
     std::string name;   // "regret 2-3"
     long oriented = 0;  // directions given
     long right = 0;
+    double baseline = 0.5;  // best score of a baseline for these, see below
 
     double share() const { return oriented == 0 ? 0.0 : static_cast<double>(right) / static_cast<double>(oriented); }
     interval range() const { return wilson_interval(right, oriented); }

@@ -53,6 +53,8 @@ TEST(summary, sorts_into_classes_and_counts_an_undecided_baseline_as_half) {
     EXPECT_EQ(std::pair(summary.baselines[1].decided, summary.baselines[1].right), std::pair(5L, 4.0));
     EXPECT_DOUBLE_EQ(summary.baselines[1].score, (4 + 4 / 2.0) / 9);
     EXPECT_EQ(summary.baselines[2].score, 0.5);
+    EXPECT_DOUBLE_EQ(summary.all.baseline, (4 + 4 / 2.0) / 9);
+    EXPECT_EQ(std::pair(summary.classes[0].baseline, summary.classes[1].baseline), std::pair(1.0, 0.5));
 }
 
 // So many of each kind: rights and wrongs of regret 1, with what a baseline says of them.
@@ -75,7 +77,7 @@ TEST(conclusion, is_chosen_by_the_figures) {
     EXPECT_TRUE(concluded(80, 20, all, vote::right)
                     .starts_with("No better than the baseline nearer to the causes, as far as 100 directions can tell:"
                                  " 80 % of the directions given are right, against 100 %. By regret: regret 1 is better"
-                                 " than a coin, but no better than that baseline."));
+                                 " than a coin, but no better than a baseline."));
     EXPECT_TRUE(concluded(20, 80, all).starts_with("Worse than a coin: only 20 % "));
     EXPECT_NE(concluded(3, 1, all).find("regret 1 is too small a class to tell"), std::string::npos);
     EXPECT_EQ(concluded(0, 0, all), "No direction was hidden, so nothing can be said.");
