@@ -1,6 +1,7 @@
 #include "formats/interaction_taker.hpp"
 
 #include <algorithm>
+#include <cmath>
 
 #include "tables/unusable_input.hpp"
 
@@ -17,6 +18,9 @@ void interaction_taker::drop(long line, const std::string& reason) {
 }
 
 void interaction_taker::take(const interaction_row& row) {
+    if (row.confidence && !std::isfinite(*row.confidence)) {
+        throw unusable_input(account_.path + ":" + std::to_string(row.line) + ": a confidence is infinite");
+    }
     if (is_missing_name(row.first) || is_missing_name(row.second)) {
         drop(row.line, "a name is missing");
     } else if (row.first == row.second) {

@@ -62,16 +62,18 @@ imported_network resolve(const interaction_pool& pool, double min_confidence, im
     for (const interaction_pool::entry& known : pool.entries()) {
         const int first = position[static_cast<std::size_t>(known.first)];
         const int second = position[static_cast<std::size_t>(known.second)];
-        const double limit = std::max(min_confidence, 0.0);
-        const bool forward = known.forward >= limit;
-        const bool backward = known.backward >= limit;
+        const auto is_said = [&](double confidence) {
+            return confidence > interaction_pool::unsaid && confidence >= min_confidence;
+        };
+        const bool forward = is_said(known.forward);
+        const bool backward = is_said(known.backward);
         if (forward) {
             add(first, second, kind::directed, std::max(known.forward, known.undirected));
         }
         if (backward) {
             add(second, first, kind::directed, std::max(known.backward, known.undirected));
         }
-        if (!forward && !backward && known.undirected >= limit) {
+        if (!forward && !backward && is_said(known.undirected)) {
             add(std::min(first, second), std::max(first, second), kind::undirected, known.undirected);
         }
         const bool has_direction = forward || backward;

@@ -2,8 +2,6 @@
 
 #include <algorithm>
 
-#include "tables/unusable_input.hpp"
-
 int interaction_pool::number_of_name(std::string_view name, int source) {
     auto place = numbers_.find(name);
     if (place == numbers_.end()) {
@@ -41,9 +39,6 @@ void interaction_pool::merge(int first, int second, const entry& said) {
 
 void interaction_pool::add(const interaction_row& row, int source) {
     const double confidence = row.confidence.value_or(1);
-    if (confidence < 0) {
-        throw unusable_input("line " + std::to_string(row.line) + ": a confidence is below 0");
-    }
     const int first = number_of_name(row.first, source);
     const int second = number_of_name(row.second, source);
     entry said{.first = first, .second = second};

@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <limits>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -12,7 +13,7 @@
 
 class interaction_pool {
  public:
-    // Two proteins, by number, the smaller number first. A negative confidence: no row says so.
+    // Two proteins, by number, the smaller number first, and how sure each way is.
     struct entry {
         int first;
         int second;
@@ -22,10 +23,9 @@ class interaction_pool {
         long directed_rows = 0;
         long undirected_rows = 0;
     };
-    static constexpr double unsaid = -1;
+    static constexpr double unsaid = -std::numeric_limits<double>::infinity();  // no row says so
 
-    // Of rows that say the same the highest confidence counts; without one it is 1. Throws
-    // unusable_input for a confidence below 0.
+    // Of rows that say the same the highest confidence counts; without one it is 1.
     void add(const interaction_row& row, int source);
 
     const std::vector<std::string>& names() const { return names_; }

@@ -33,7 +33,7 @@ std::map<std::string, std::string> read_columns(const std::vector<std::string>& 
             for (const std::string& name : roles) {
                 known.append(known.empty() ? "" : ", ").append(name).append("=COLUMN");
             }
-            throw CLI::ValidationError(option, "'" + column + "' is none of " + known);
+            throw CLI::ValidationError(option, std::string("'").append(column).append("' is none of ").append(known));
         }
         by_role[role] = column.substr(sign + 1);
     }

@@ -86,6 +86,7 @@ TEST_F(formats_test, tables_are_read_by_their_header) {
 
 TEST_F(formats_test, tables_that_cannot_be_read_are_told_by_file_line_field_and_reason) {
     EXPECT_EQ(imported("t", "a,b,weight\nA,B,1\nC,D,0;5\n"), "A-B 1; t:3: field 'weight': '0;5' is not a number");
+    EXPECT_EQ(imported("t", "a,b,weight\nA,B,-0.5\nC,D,inf\n"), "A-B -0.5; t:3: a confidence is infinite");
     EXPECT_EQ(imported("t", "a,b\nA,B\nC\n"), "A-B; t:3: 1 cells where the header has 2");
     EXPECT_EQ(imported("t", "a,b\nA,B\n\"C,D\nE,F\n"), "A-B; t:3: a double quote opens a cell and never closes");
     EXPECT_EQ(imported("t", "a,b,direction\nA,B,up\n"),

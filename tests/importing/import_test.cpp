@@ -51,7 +51,7 @@ const std::string both = "--interactions net.tsv --knockouts ko.tsv";
 
 TEST_F(import_test, of_rows_that_contradict_each_other_directions_and_confidence_win) {
     write("net.tsv",
-          "first\tsecond\tdirection\tconfidence\nB\tA\tU\t0.9\nA\tB\tD\t0.5\nA\tB\tD\t0.25\nC\tB\tU\t0.125\nB\tC\tU\t0."
+          "first\tsecond\tdirection\tconfidence\nB\tA\tU\t0.9\nA\tB\tD\t0.5\nA\tB\tD\t0.25\nC\tB\tU\t-2\nB\tC\tU\t0."
           "5\n"
           "C\tD\tD\t1\nD\tC\tD\t0.75\nD\tD\tD\t1\n");
     write("ko.tsv", "cause\teffect\nA\tD\nA\tC\nA\tD\nA\tX\n");
