@@ -252,7 +252,7 @@ bool region_program::cut_fractions() {
 }
 
 // Those that are broken, or that have a price and slack.
-bool region_program::take_in_rows_of(int column) {
+void region_program::take_in_rows_of(int column) {
     for (int i = root_.column_first[at(column)]; i < root_.column_first[at(column) + 1]; ++i) {
         const int r = root_.column_rows[at(i)];
         if (has_row_[at(r)] != 0) {
@@ -274,7 +274,6 @@ bool region_program::take_in_rows_of(int column) {
             }
         }
     }
-    return true;
 }
 
 // Of the pairs that the column's move leaves with less.

@@ -61,7 +61,7 @@ class region_program {
     void pass_new_rows();
     bool run();
     void prove_bound();
-    bool take_in_rows_of(int column);
+    void take_in_rows_of(int column);
     void take_in_cuts(int column);
     void separate(int pair);
     void set_value(int column, double value);
