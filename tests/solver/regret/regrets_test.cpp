@@ -44,7 +44,7 @@ model_record draw_tiny_model(unsigned seed) {
     return record;
 }
 
-// Mostly of 30 to 60 contested choices; a few of more, and a few with many lost demands.
+// Of 30 to 60 contested choices; one of far more, and one with many lost demands.
 model_record draw_contested_model(unsigned seed) {
     const int s = static_cast<int>(seed);
     reach_plan plan{.num_choices = 45 + s * 37 % 50,
@@ -53,12 +53,12 @@ model_record draw_contested_model(unsigned seed) {
                     .lone_share = 0.05,
                     .demand_share = 0.3,
                     .largest_weight = s % 3 == 0 ? 5 : 1};
-    if (s % 64 == 5) {
+    if (s == 5) {
         plan.num_choices = 700;
         plan.window = 5;
         plan.demand_share = 0.2;
-    } else if (s % 64 == 1) {
-        plan.num_choices = 300;
+    } else if (s == 40) {
+        plan.num_choices = 430;
         plan.arcs_per_node = 1;
         plan.demand_share = 0.5;
     }
