@@ -24,7 +24,14 @@ function evaluation_figure(evaluation) {
 }
 
 function line_of(one, label) {
-  return {label, share: one.share, low: one.interval[0], high: one.interval[1], is_ours: true};
+  return {
+    label,
+    share: one.share,
+    low: one.interval[0],
+    high: one.interval[1],
+    beside: one.best_baseline,
+    is_ours: true
+  };
 }
 
 function evaluation_plots(evaluation) {
@@ -43,8 +50,8 @@ function evaluation_plots(evaluation) {
       share_picture(
         beside,
         [
-          line_of(all, "netorient"),
-          ...baselines.map((one) => ({label: short(one.name), share: one.score, low: null, high: null, is_ours: false}))
+          {...line_of(all, "netorient"), beside: undefined},
+          ...baselines.map((one) => ({label: short(one.name), share: one.score, is_ours: false}))
         ]),
       titles,
       [
@@ -56,6 +63,8 @@ function evaluation_plots(evaluation) {
     plot(
       by_class,
       share_picture(by_class, classes.filter((one) => one.share !== null).map((one) => line_of(one, short(one.name)))),
-      titles, classes.map(row), "Lines: 95 % intervals."),
+      [...titles, "Best baseline"],
+      classes.map((one) => [...row(one), one.best_baseline === undefined ? "" : percent(one.best_baseline)]),
+      "Lines: 95 % intervals. Grey bars: the baseline that does best on the same interactions."),
   ];
 }

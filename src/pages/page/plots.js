@@ -69,7 +69,7 @@ function distance_plot() {
   return plot(title, element("div", {}, bar_picture(title, bars), legend_of(statuses)), ["Steps", ...statuses], rows);
 }
 
-// Shares with their intervals, a line each: {label, share, low, high, note, is_ours}.
+// Shares, a line each: {label, share, is_ours}, with low and high the ends of an interval, beside another share.
 function share_picture(title, lines) {
   const [width, left, right, line_height] = [420, 150, 56, 30];
   const height = lines.length * line_height + 26;
@@ -79,9 +79,14 @@ function share_picture(title, lines) {
     const looks = `var(--${line.is_ours ? "decided" : "soft"})`;
     return [
       svg_element("text", {x: left - 10, y: y + 4, "text-anchor": "end"}, line.label),
-      line.low === null
+      line.low === undefined
         ? null
         : svg_element("line", {x1: x(line.low), x2: x(line.high), y1: y, y2: y, stroke: looks, "stroke-width": 2}),
+      line.beside === undefined
+        ? null
+        : svg_element(
+            "line",
+            {x1: x(line.beside), x2: x(line.beside), y1: y - 9, y2: y + 9, stroke: "var(--soft)", "stroke-width": 3}),
       svg_element("circle", {cx: x(line.share), cy: y, r: line.is_ours ? 5.5 : 4.5, fill: looks}),
       svg_element("text", {x: width - 2, y: y + 4, "text-anchor": "end"}, percent(line.share))
     ];
