@@ -46,6 +46,7 @@ void evaluate(const evaluate_options& options, const std::vector<std::string>& a
     const input_files input = read_input_files(options.run.input);
     const std::string output = output_folder(options.run.output);
 
+    outlive_failed_writes();
     const interruption signals;
     evaluation_choices choices;
     choices.way =

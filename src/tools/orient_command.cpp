@@ -14,6 +14,7 @@ void orient(const run_options& options, const std::vector<std::string>& argument
     const std::string output = output_folder(options.output);
     remove_answer(output);
 
+    outlive_failed_writes();
     const interruption signals;
     work_progress progress("regrets and prices");
     answer_choices choices = choices_of(options);

@@ -54,6 +54,7 @@ class orient_test : public program_test {
 
     // Of B - C two pairs want one direction and one the other; of P - Q one each.
     void write_every_status() const {
+        write("in/aliases.tsv", "alias\tname\nP\tits own name\n");
         write("in/names.txt", "A\nB\nC\nD\nG\nH\nI\nP\nQ\na>;\\b\tc\n");
         write("in/test", "X B 1\nB D 0.25\n");
         write("in/directed", "A B 1\nB A\nA B 1\nA I 0.5\n");
@@ -102,6 +103,7 @@ TEST_F(orient_test, says_of_every_line_what_came_of_it) {
                   (forward ? explained + "P>Q\t\t\t\n" : lost + "Q>P\n") + "Q\tP\t12\t" +
                   (forward ? lost + "P>Q\n" : explained + "Q>P\t\t\t\n") +
                   "A\ta>;\\\\b\\tc\t13\texplained\t\t3\t1\t1\tA>B>D>a\\\\>\\\\;\\\\\\\\b\\tc\t\t\t\n");
+    EXPECT_EQ(read("out/aliases.tsv"), "alias\tname\nP\tits own name\n");
     checked_tables checked;
     expect_whole_tables("out", checked);
     EXPECT_EQ(checked.unproven, 0);

@@ -1,5 +1,7 @@
 // netorient-tools evaluate as a program.
+#include <chrono>
 #include <csignal>
+#include <thread>
 
 #include <nlohmann/json.hpp>
 
@@ -102,4 +104,25 @@ TEST_F(evaluate_test, judges_the_test_interactions_as_given) {
     EXPECT_EQ(evaluate({"--hide", "some"}).exit_status, 1);
     write("in/test", "");
     EXPECT_TRUE(evaluate({"--hide", "given"}).out.ends_with("No direction was hidden, so nothing can be said.\n"));
+}
+
+// The folds that were begun end with what they have; the others are left out, and it is said.
+TEST_F(evaluate_test, an_early_end_tells_of_the_folds_that_were_run) {
+    run_program({"in/", "proteins=2000", "directed=500", "undirected=4000", "test=500", "pairs=4000", "noise=0.6",
+                 "max_distance=8"},
+                NETORIENT_GENERATE);
+    const pid_t process =
+        start_program({"evaluate", "in/", "out/", "--hide", "folds", "--folds", "5", "--jobs", "2"}, tools_program());
+    std::this_thread::sleep_for(std::chrono::seconds(4));
+    kill(process, SIGTERM);
+    const program_result result = finish_program(process);
+    EXPECT_EQ(std::pair(result.exit_status, result.err), std::pair(0, std::string()));
+    int runs = 5;
+    int hidden = 0;
+    const std::size_t found = result.out.find("hidden in 5 folds");
+    ASSERT_NE(found, std::string::npos) << result.out;
+    std::sscanf(result.out.c_str() + found, "hidden in 5 folds, of which %d were run. Hidden: %d,", &runs, &hidden);
+    EXPECT_LT(runs, 5) << result.out;
+    EXPECT_EQ(hidden, 200 * runs) << result.out;
+    expect_counts();
 }
