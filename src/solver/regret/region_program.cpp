@@ -16,16 +16,14 @@ namespace {
 constexpr double tolerance = 1e-6;      // of a value, and of a row's sum
 constexpr double cut_tolerance = 1e-4;  // of a cut
 constexpr double least_price = 1e-9;    // that a row may leave unpaid
-constexpr int many_rows = 2000;
-constexpr double leaning = 1e-5;  // towards the root's values, as there towards the answer
+constexpr double leaning = 1e-5;        // towards the root's values, as there towards the answer
 
 }  // namespace
 
 region_program::region_program(const contested_problem& problem, const root_prices& root, const solve_watch& watch)
     : problem_(problem),
       root_(root),
-      watch_(watch),
-      highs_(watch),
+      solver_(watch),
       pairs_of_gate_(2 * problem.choices.size()),
       pair_of_column_(root.values.size(), -1),
       values_(root.values),
@@ -33,8 +31,6 @@ region_program::region_program(const contested_problem& problem, const root_pric
       local_of_(root.values.size(), -1),
       has_row_(root.rows.size(), 0),
       is_separated_(problem.pairs.size(), 0) {
-    highs_.set_option("presolve", "off");
-    highs_.set_option("solver", "simplex");
     for (std::size_t p = 0; p < problem.pairs.size(); ++p) {
         if (root.pair_columns[p] < 0) {
             continue;
@@ -67,8 +63,8 @@ void region_program::begin() {
     own_rows_.clear();
     favoured_ = 0.0;
     bound_ = infinity;
-    columns_passed_ = rows_passed_ = 0;
-    Highs_clearModel(highs_.get());
+    rows_passed_ = 0;
+    solver_.forget();
 }
 
 void region_program::set_value(int column, double value) {
@@ -118,37 +114,23 @@ void region_program::take_in(int column) {
     }
 }
 
-// Weights of columns that the solver knows change with the rows that are taken in.
-void region_program::pass_columns() {
-    std::vector<double> costs(columns_.size());
-    std::vector<double> lower(columns_.size(), 0.0);
-    std::vector<double> upper(columns_.size(), 1.0);
+region_columns region_program::make_columns() const {
+    region_columns made{std::vector<double>(columns_.size()), std::vector<double>(columns_.size(), 0.0),
+                        std::vector<double>(columns_.size(), 1.0)};
     for (std::size_t j = 0; j < columns_.size(); ++j) {
         const double stay = root_.values[at(columns_[j])];
-        costs[j] = -weights_[j];
+        made.costs[j] = -weights_[j];
         if (columns_[j] < problem_.num_choices() && (stay == 0.0 || stay == 1.0)) {
-            costs[j] += stay == 1.0 ? -leaning : leaning;
+            made.costs[j] += stay == 1.0 ? -leaning : leaning;
         }
         if (fixed_[j] != not_fixed) {
-            lower[j] = upper[j] = fixed_[j];
+            made.lower[j] = made.upper[j] = fixed_[j];
         }
     }
-    const auto known = static_cast<HighsInt>(columns_passed_);
-    if (known > 0) {
-        Highs_changeColsCostByRange(highs_.get(), 0, known - 1, costs.data());
-        Highs_changeColsBoundsByRange(highs_.get(), 0, known - 1, lower.data(), upper.data());
-    }
-    if (columns_.size() > columns_passed_) {
-        Highs_addCols(highs_.get(), static_cast<HighsInt>(columns_.size()) - known, costs.data() + known,
-                      lower.data() + known, upper.data() + known, 0, nullptr, nullptr, nullptr);
-    }
-    columns_passed_ = columns_.size();
+    return made;
 }
 
-void region_program::pass_new_rows() {
-    if (rows_passed_ == region_.size()) {
-        return;
-    }
+flat_rows region_program::take_new_rows() {
     flat_rows flat;
     for (; rows_passed_ < region_.size(); ++rows_passed_) {
         const program_row& row = *region_[rows_passed_].row;
@@ -160,37 +142,18 @@ void region_program::pass_new_rows() {
     }
     flat.starts.push_back(flat.num_entries());
     flat.lower.assign(flat.upper.size(), -infinity);
-    Highs_addRows(highs_.get(), flat.num_rows(), flat.lower.data(), flat.upper.data(), flat.num_entries(),
-                  flat.starts.data(), flat.columns.data(), flat.values.data());
-}
-
-// A small program ends before anybody would ask for a stop.
-bool region_program::run() {
-    if (num_rows() > many_rows ? highs_.run() != run_end::finished : Highs_run(highs_.get()) == kHighsStatusError) {
-        return false;
-    }
-    solution_.resize(columns_.size());
-    multipliers_.resize(region_.size());
-    Highs_getSolution(highs_.get(), solution_.data(), nullptr, nullptr, multipliers_.data());
-    return highs_.model_status() == kHighsModelStatusOptimal;
+    return flat;
 }
 
 bool region_program::solve() {
-    pass_columns();
-    pass_new_rows();
-    if (!run()) {
-        if (watch_.stop_requested()) {
-            return false;
-        }
-        Highs_clearSolver(highs_.get());  // some runs from a known basis end without a status
-        if (!run()) {
-            return false;
-        }
+    if (!solver_.solve(make_columns(), take_new_rows())) {
+        return false;
     }
     prove_bound();
     for (std::size_t j = 0; j < columns_.size(); ++j) {
-        const double nearest = std::round(solution_[j]);
-        set_value(columns_[j], std::abs(solution_[j] - nearest) < tolerance ? nearest : solution_[j]);
+        const double value = solver_.values()[j];
+        const double nearest = std::round(value);
+        set_value(columns_[j], std::abs(value - nearest) < tolerance ? nearest : value);
     }
     return true;
 }
@@ -199,7 +162,7 @@ void region_program::prove_bound() {
     bound_ = root_.bound - favoured_;
     std::vector<double> reduced = weights_;
     for (std::size_t r = 0; r < region_.size(); ++r) {
-        const double multiplier = std::max(0.0, -multipliers_[r]);
+        const double multiplier = solver_.multipliers()[r];
         const program_row& row = *region_[r].row;
         bound_ += (multiplier - region_[r].price) * row.upper;
         if (multiplier > 0.0) {

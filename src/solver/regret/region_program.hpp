@@ -15,7 +15,7 @@
 #include <deque>
 #include <vector>
 
-#include "solver/highs/highs_handle.hpp"
+#include "solver/regret/region_solver.hpp"
 #include "solver/regret/root_prices.hpp"
 
 namespace solver {
@@ -57,9 +57,8 @@ class region_program {
 
     int local(int column);
     void add_row(const program_row& row, double price);
-    void pass_columns();
-    void pass_new_rows();
-    bool run();
+    region_columns make_columns() const;
+    flat_rows take_new_rows();
     void prove_bound();
     void take_in_rows_of(int column);
     void take_in_cuts(int column);
@@ -68,8 +67,7 @@ class region_program {
 
     const contested_problem& problem_;
     const root_prices& root_;
-    const solve_watch& watch_;
-    highs_handle highs_;
+    region_solver solver_;
     std::vector<std::vector<int>> pairs_of_gate_;  // those with a column
     std::vector<int> pair_of_column_;              // -1 = of a choice
 
@@ -86,10 +84,7 @@ class region_program {
     std::vector<int> root_rows_;        // of region_
     std::deque<program_row> own_rows_;  // cuts that the root does not have
     double favoured_ = 0.0;
-    std::size_t columns_passed_ = 0;  // to the solver, which starts from its last basis
-    std::size_t rows_passed_ = 0;
-    std::vector<double> solution_;
-    std::vector<double> multipliers_;
+    std::size_t rows_passed_ = 0;  // to the solver
     double bound_ = infinity;
 };
 
