@@ -8,7 +8,8 @@
 // splits the solve by what the back end reports to have done. "mark" is the marking
 // of shortest-path arcs done once more by itself, and "model" what prepare_ilp takes
 // beyond that. "peak NAME MEGABYTES" is the highest resident memory so far, and
-// "reached SECONDS VALUE BOUND" what was known that long after the program began.
+// "reached SECONDS VALUE BOUND" what was known that long after the program began, and
+// "solving from SECONDS" when the solve did.
 #include <sys/resource.h>
 
 #include <chrono>
@@ -108,12 +109,13 @@ int main(int argc, char** argv) {
     print_phase("lp_file", timed([&] { cplex.exportModel((output + "shortest.lp").c_str()); }));
     print_peak("lp_file");
     {
-        const solver::model_record record = cplex.record();
+        const solver::model_record& record = cplex.solved_record();  // that was just exported
         std::printf("size proteins %zu arcs %zu sources %zu pairs %d rows %d columns %d\n",
                     boost::num_vertices(bi_graph), boost::num_edges(bi_graph), sources.size(), num_of_pairs,
                     record.num_rows(), record.num_columns());
     }
     if (limit > 0.0) {
+        std::printf("solving from %.3f\n", since_start());
         solve_log log;
         cplex.set_watch({.stop_requested = [&] { return since_start() > limit; },
                          .report = [&](const solver::solve_progress& progress) { log.take(progress); }});

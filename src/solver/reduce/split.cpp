@@ -1,6 +1,7 @@
 #include "solver/reduce/split.hpp"
 
 #include <algorithm>
+#include <numeric>
 #include <utility>
 
 #include "solver/reduce/settle.hpp"
@@ -8,44 +9,58 @@
 
 namespace solver {
 
-std::vector<contested_problem> split(const contested_problem& problem) {
+namespace {
+
+int first_gate(const pair_net& pair) {
+    const auto arc =
+        std::find_if(pair.arcs.begin(), pair.arcs.end(), [](const net_arc& one) { return one.gate != open_gate; });
+    return arc->gate;
+}
+
+// By choice: its part, numbered by their first choices.
+std::vector<int> part_of_choices(const contested_problem& problem) {
     std::vector<int> parent(problem.choices.size());
-    for (std::size_t c = 0; c < parent.size(); ++c) {
-        parent[c] = static_cast<int>(c);
-    }
-    const auto part_of = [&parent](int choice) {
+    std::iota(parent.begin(), parent.end(), 0);
+    const auto first_of_part = [&parent](int choice) {
         while (parent[at(choice)] != choice) {
             choice = parent[at(choice)] = parent[at(parent[at(choice)])];
         }
         return choice;
     };
-    const auto first_gate = [](const pair_net& pair) {
-        return std::find_if(pair.arcs.begin(), pair.arcs.end(),
-                            [](const net_arc& arc) { return arc.gate != open_gate; })
-            ->gate;
-    };
     for (const pair_net& pair : problem.pairs) {
+        const int first = first_gate(pair) / 2;
         for (const net_arc& arc : pair.arcs) {
             if (arc.gate != open_gate) {
-                const int one = part_of(arc.gate / 2);
-                const int other = part_of(first_gate(pair) / 2);
+                const int one = first_of_part(arc.gate / 2);
+                const int other = first_of_part(first);
                 parent[at(std::max(one, other))] = std::min(one, other);
             }
         }
     }
-    std::vector<contested_problem> parts;
-    std::vector<int> number(problem.choices.size(), -1);
+    std::vector<int> part(problem.choices.size());
+    int count = 0;
     for (int c = 0; c < problem.num_choices(); ++c) {
-        if (part_of(c) == c) {
-            number[at(c)] = static_cast<int>(parts.size());
-            parts.emplace_back();
-        }
+        part[at(c)] = first_of_part(c) == c ? count++ : part[at(first_of_part(c))];
     }
+    return part;
+}
+
+int count_of(const std::vector<int>& part_of) {
+    return part_of.empty() ? 0 : *std::max_element(part_of.begin(), part_of.end()) + 1;
+}
+
+}  // namespace
+
+int count_parts(const contested_problem& problem) {
+    return count_of(part_of_choices(problem));
+}
+
+std::vector<contested_problem> split(const contested_problem& problem) {
+    const std::vector<int> part_of = part_of_choices(problem);
+    std::vector<contested_problem> parts(at(count_of(part_of)));
     if (parts.size() == 1) {
         parts.front() = problem;
-        for (int c = 0; c < problem.num_choices(); ++c) {
-            parts.front().choices[at(c)] = c;
-        }
+        std::iota(parts.front().choices.begin(), parts.front().choices.end(), 0);
         return parts;
     }
     // A part is the problem with every other part's pairs taken out, which closes their gates.
@@ -54,7 +69,7 @@ std::vector<contested_problem> split(const contested_problem& problem) {
         only.choices = problem.choices;
         std::vector<int> new_pair(problem.pairs.size(), -1);
         for (std::size_t p = 0; p < problem.pairs.size(); ++p) {
-            if (number[at(part_of(first_gate(problem.pairs[p]) / 2))] == static_cast<int>(part)) {
+            if (part_of[at(first_gate(problem.pairs[p]) / 2)] == static_cast<int>(part)) {
                 new_pair[p] = static_cast<int>(only.pairs.size());
                 only.pairs.push_back(problem.pairs[p]);
             }

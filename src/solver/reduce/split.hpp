@@ -9,6 +9,8 @@
 
 namespace solver {
 
+int count_parts(const contested_problem& problem);
+
 // In the order of their first choices, which are called by their position in the problem.
 std::vector<contested_problem> split(const contested_problem& problem);
 
