@@ -16,7 +16,7 @@ renewed_line::~renewed_line() {
 }
 
 void renewed_line::renew(const std::function<std::string(long seconds)>& text) {
-    if (!terminal_.is_open() || std::this_thread::get_id() != thread_) {
+    if (!terminal_.is_open()) {
         return;
     }
     const clock::time_point now = clock::now();
