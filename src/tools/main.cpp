@@ -8,15 +8,13 @@
 
 namespace {
 
-int tell(const std::string& what, int status) {
+int tell(const char* what, int status) {
     std::cout.flush();
     std::cerr << "netorient-tools: " << what << '\n';
     return status;
 }
 
-}  // namespace
-
-int main(int argc, char** argv) {
+int run_command(int argc, char** argv) {
     CLI::App app("Around netorient: what its answer rests on, how often it is right, files from and to other tools");
     app.name("netorient-tools");
     app.set_version_flag("--version", std::string("netorient-tools ") + netorient_version);
@@ -33,10 +31,18 @@ int main(int argc, char** argv) {
         app.parse(argc, argv);
     } catch (const CLI::ParseError& error) {
         status = app.exit(error) == 0 ? exit_done : exit_wrong_usage;
-    } catch (const std::bad_alloc&) {
-        status = tell("out of memory", exit_unusable_input);
-    } catch (const std::exception& error) {
-        status = tell(error.what(), exit_unusable_input);
     }
     return status;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    try {
+        return run_command(argc, argv);
+    } catch (const std::bad_alloc&) {
+        return tell("out of memory", exit_unusable_input);
+    } catch (const std::exception& error) {
+        return tell(error.what(), exit_unusable_input);
+    }
 }
