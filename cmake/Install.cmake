@@ -2,8 +2,8 @@
 # and the example.
 #
 # A HiGHS that was unpacked below the build folder is installed beside the
-# program, which would otherwise stop working when that folder is removed. A
-# HiGHS of the system stays where it is.
+# program, which would otherwise stop working when that folder is removed, and
+# its licence among the documents. A HiGHS of the system stays where it is.
 
 include(GNUInstallDirs)
 
@@ -14,6 +14,9 @@ function(install_program program)
     set(private_folder ${CMAKE_INSTALL_LIBDIR}/netorient)
     file(RELATIVE_PATH from_program /${CMAKE_INSTALL_BINDIR} /${private_folder})
     install(FILES ${HiGHS_LIBRARY} DESTINATION ${private_folder})
+    get_filename_component(highs_folder ${HiGHS_LIBRARY}/../.. ABSOLUTE)
+    install(FILES ${highs_folder}/share/doc/HIGHS/LICENSE.txt ${highs_folder}/share/doc/HIGHS/AUTHORS
+      DESTINATION ${CMAKE_INSTALL_DOCDIR}/HiGHS)
     set_target_properties(${program} PROPERTIES INSTALL_RPATH "$ORIGIN/${from_program}")
   else()
     set_target_properties(${program} PROPERTIES INSTALL_RPATH_USE_LINK_PATH ON)
