@@ -2,7 +2,6 @@
 
 #include <unordered_set>
 
-#include "checking/network_check.hpp"
 #include "checking/pair_file_check.hpp"
 
 namespace {
@@ -41,7 +40,7 @@ std::vector<unmentioned_protein> find_unmentioned(const checked_names& names, co
 
 }  // namespace
 
-input_check check_input(const input_opener& open_input) {
+input_check check_input(const input_opener& open_input, const search_watch& watch) {
     input_check check;
     for (const char* name : {"names.txt", "test", "directed", "undirected", "ko"}) {
         check.files.emplace_back();
@@ -59,7 +58,7 @@ input_check check_input(const input_opener& open_input) {
     find_what_is_meant(names, check);
     if (names.fits()) {
         check.unmentioned = find_unmentioned(names, check.network);
-        check.pathless_pairs = find_pathless_pairs(check.network);
+        check.pathless_pairs = find_pathless_pairs(check.network, watch);
         check.repeated_pairs = find_repeated_pairs(check.network);
         check.shared_variables = find_shared_variables(check.network);
     }

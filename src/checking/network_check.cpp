@@ -62,7 +62,7 @@ std::vector<int> parts_of(const neighbours& joined) {
 
 }  // namespace
 
-std::vector<pathless_pair> find_pathless_pairs(const read_network& network) {
+std::vector<pathless_pair> find_pathless_pairs(const read_network& network, const search_watch& watch) {
     const std::size_t num_proteins = network.proteins.size();
     neighbours heads(num_proteins);
     neighbours joined(num_proteins);
@@ -84,12 +84,16 @@ std::vector<pathless_pair> find_pathless_pairs(const read_network& network) {
     std::vector<pathless_pair> pathless;
     std::vector<char> is_reached;
     int searched = -1;
-    for (const read_network::pair* pair : by_cause) {
+    for (std::size_t i = 0; i < by_cause.size(); ++i) {
+        const read_network::pair* const pair = by_cause[i];
         const auto cause = static_cast<std::size_t>(pair->cause);
         const auto effect = static_cast<std::size_t>(pair->effect);
         if (searched != pair->cause) {
             is_reached = reached_from(pair->cause, heads);
             searched = pair->cause;
+            if (watch) {
+                watch(static_cast<int>(i), static_cast<int>(by_cause.size()));
+            }
         }
         if (cause != effect && is_reached[effect] != 0) {
             continue;

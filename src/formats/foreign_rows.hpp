@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "formats/cell_values.hpp"
+#include "formats/reading_watch.hpp"
 
 struct interaction_row {
     std::string_view first;
@@ -58,12 +59,14 @@ struct interaction_options {
     bool with_genetic = false;               // BioGRID: genetic interactions as well as physical ones
     std::vector<std::string> aliases = {};   // STRING: files of names
     std::string alias_source = {};           // STRING: the source of names in them; empty: the best there is
+    reading_watch watch = {};
 };
 
 struct knockout_options {
     std::string format = {};                          // delimited or matrix; empty: delimited
     std::map<std::string, std::string> columns = {};  // cause, effect
     std::vector<condition> conditions = {};           // all must be met; in a matrix, on "value"
+    reading_watch watch = {};
 };
 
 using interaction_sink = std::function<void(const interaction_row&)>;

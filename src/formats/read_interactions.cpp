@@ -58,7 +58,7 @@ std::string detect(text_source& source) {
 
 source_account read_interactions(const std::string& path, const interaction_options& options,
                                  const interaction_sink& take) {
-    text_source source(path);
+    text_source source(path, options.watch);
     source_account account;
     account.path = path;
     account.format = options.format.empty() ? detect(source) : options.format;

@@ -182,7 +182,7 @@ void read_matrix(text_source& source, const knockout_options& options, const kno
 
 source_account read_knockout_pairs(const std::string& path, const knockout_options& options,
                                    const knockout_sink& take) {
-    text_source source(path);
+    text_source source(path, options.watch);
     source_account account;
     account.path = path;
     account.format = options.format.empty() ? "delimited" : options.format;

@@ -10,7 +10,7 @@ void read_string_links(text_source& source, interaction_taker& taker) {
     if (options.min_confidence && *options.min_confidence > 1) {
         throw unusable_input(source.path() + ": STRING's scores are read as 0 to 1: a minimum of 700 is 0.7");
     }
-    const string_names names = read_string_names(options.aliases, options.alias_source);
+    const string_names names = read_string_names(options.aliases, options.alias_source, options.watch);
     delimited_table table(source, true, false);
     const std::optional<std::size_t> first = table.find("protein1");
     const std::optional<std::size_t> second = table.find("protein2");

@@ -27,8 +27,8 @@ int rank_of(std::string_view sources, const std::string& wanted) {
 
 // Hands on the cells of each row: protein, name, and source or whatever stands third.
 template <typename taker>
-void for_each_name(const std::string& path, const taker& take) {
-    text_source source(path);
+void for_each_name(const std::string& path, const reading_watch& watch, const taker& take) {
+    text_source source(path, watch);
     delimited_rows rows(source, {.separator = '\t', .has_quotes = false});
     std::vector<std::string> cells;
     bool is_info = false;
@@ -47,14 +47,15 @@ void for_each_name(const std::string& path, const taker& take) {
 
 }  // namespace
 
-string_names read_string_names(const std::vector<std::string>& paths, const std::string& alias_source) {
+string_names read_string_names(const std::vector<std::string>& paths, const std::string& alias_source,
+                               const reading_watch& watch) {
     struct choice {
         std::string name;
         int rank;
     };
     std::unordered_map<std::string, choice> chosen;
     for (const std::string& path : paths) {
-        for_each_name(path, [&](const std::vector<std::string>& cells, bool is_info) {
+        for_each_name(path, watch, [&](const std::vector<std::string>& cells, bool is_info) {
             const int rank = is_info ? -1 : rank_of(cells[2], alias_source);
             if (rank == INT_MAX) {
                 return;
@@ -74,10 +75,10 @@ string_names read_string_names(const std::vector<std::string>& paths, const std:
 }
 
 std::unordered_map<std::string, std::vector<std::string>> find_string_proteins(
-    const std::vector<std::string>& paths, const std::unordered_set<std::string>& wanted) {
+    const std::vector<std::string>& paths, const std::unordered_set<std::string>& wanted, const reading_watch& watch) {
     std::unordered_map<std::string, std::vector<std::string>> proteins;
     for (const std::string& path : paths) {
-        for_each_name(path, [&](const std::vector<std::string>& cells, bool) {
+        for_each_name(path, watch, [&](const std::vector<std::string>& cells, bool) {
             if (wanted.contains(cells[1])) {
                 proteins[cells[1]].push_back(cells[0]);
             }

@@ -12,7 +12,8 @@ constexpr unsigned block_size = 1 << 16;
 
 }  // namespace
 
-text_source::text_source(const std::string& path) : path_(path), file_(nullptr) {
+text_source::text_source(const std::string& path, const reading_watch& watch)
+    : path_(path), watch_(watch), file_(nullptr) {
     // What is no plain file could not be read twice, as its digest needs.
     if (!std::filesystem::is_regular_file(path)) {
         throw unusable_input(
@@ -24,6 +25,9 @@ text_source::text_source(const std::string& path) : path_(path), file_(nullptr) 
         throw unusable_input(path + ": cannot be opened: " + std::strerror(errno));
     }
     gzbuffer(file_, 2 * block_size);
+    if (watch_) {
+        watch_(path_, 0);
+    }
 }
 
 text_source::~text_source() {
@@ -44,6 +48,13 @@ bool text_source::fill() {
         throw unusable_input(
             path_ + ": cannot be read: " +
             (code == Z_ERRNO ? std::strerror(errno) : std::string("damaged or cut short gzip file (") + what + ")"));
+    }
+    if (watch_) {
+        // The end of an empty file is its start, which was told.
+        const z_off_t position = gzoffset(file_);
+        if (position > 0) {
+            watch_(path_, static_cast<std::uint64_t>(position));
+        }
     }
     block_.resize(static_cast<std::size_t>(size));
     position_ = 0;

@@ -9,10 +9,12 @@
 
 #include <zlib.h>
 
+#include "formats/reading_watch.hpp"
+
 class text_source {
  public:
     // Throws unusable_input when the file does not open.
-    explicit text_source(const std::string& path);
+    explicit text_source(const std::string& path, const reading_watch& watch = {});
     ~text_source();
     text_source(const text_source&) = delete;
     text_source& operator=(const text_source&) = delete;
@@ -36,6 +38,7 @@ class text_source {
     void refuse_what_is_no_text() const;
 
     std::string path_;
+    reading_watch watch_;
     gzFile file_;
     std::string block_;
     std::size_t position_ = 0;

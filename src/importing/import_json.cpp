@@ -108,8 +108,10 @@ json counts_of(const import_result& result) {
 
 }  // namespace
 
-std::string import_json(const import_plan& plan, const import_result& result) {
-    const json document = {{"sources", sources_of(result.account)},
+std::string import_json(const import_plan& plan, const import_result& result, const std::string& version) {
+    const json document = {{"program", "netorient-tools"},
+                           {"version", version},
+                           {"sources", sources_of(result.account)},
                            {"choices", choices_of(plan)},
                            {"counts", counts_of(result)},
                            {"alike_interactors", names_of(result.account.alike_interactors)},

@@ -139,7 +139,8 @@ long count_tests(const imported_network& network) {
 
 // The whole way from what was read to what is written, at one threshold.
 imported_network assemble(const interaction_pool& pool, const std::vector<named_pair>& pairs, const import_plan& plan,
-                          double min_confidence, import_account& account) {
+                          double min_confidence, import_account& account,
+                          const std::function<void(int done, int all)>& watch) {
     imported_network network = resolve(pool, min_confidence, account.counts);
     add_pairs(network, pairs, plan, account);
     if (!plan.hide.empty()) {
@@ -151,7 +152,7 @@ imported_network assemble(const interaction_pool& pool, const std::vector<named_
     counts.tests_before = count_tests(network);
     counts.is_pruned = plan.prune || network.names.size() > most_proteins;
     if (counts.is_pruned) {
-        counts.pairs_without_path = keep_shortest_paths(network);
+        counts.pairs_without_path = keep_shortest_paths(network, watch);
     }
     return network;
 }
@@ -162,7 +163,7 @@ std::string counted(std::size_t count, const std::string& what) {
 
 // Thresholds at tenths of the interactions, closer ones at the end, as many as differ.
 [[noreturn]] void fail_for_size(const interaction_pool& pool, const std::vector<named_pair>& pairs,
-                                const import_plan& plan, std::size_t num_proteins) {
+                                const import_plan& plan, std::size_t num_proteins, const import_watch& watch) {
     std::vector<double> confidences;
     for (const interaction_pool::entry& known : pool.entries()) {
         confidences.push_back(std::max({known.forward, known.backward, known.undirected}));
@@ -182,9 +183,13 @@ std::string counted(std::size_t count, const std::string& what) {
     import_plan as_planned = plan;
     as_planned.prune = true;
     as_planned.hide.clear();
-    for (const double threshold : thresholds) {
+    for (std::size_t i = 0; i < thresholds.size(); ++i) {
+        const double threshold = thresholds[i];
+        const auto renew = [&](int, int) {
+            watch("too many proteins, trying thresholds", static_cast<int>(i), static_cast<int>(thresholds.size()));
+        };
         import_account account;
-        const imported_network network = assemble(pool, pairs, as_planned, threshold, account);
+        const imported_network network = assemble(pool, pairs, as_planned, threshold, account, renew);
         char shown[64];
         std::snprintf(shown, sizeof shown, "%.6g", threshold);
         text += "\n  --min-confidence " + std::string(shown) + ": " + counted(network.names.size(), "protein") + ", " +
@@ -207,7 +212,12 @@ std::string hint_at_names(const import_account& account) {
 
 }  // namespace
 
-import_result import_network(const import_plan& plan) {
+import_result import_network(const import_plan& asked, const import_watch& asked_watch) {
+    const import_watch watch = asked_watch ? asked_watch : [](const std::string&, int, int) {};
+    reading_progress progress(asked, watch);
+    import_plan plan = asked;
+    plan.interactions.watch =
+        plan.knockouts.watch = [&](const std::string& path, std::uint64_t position) { progress.set(path, position); };
     import_result result;
     import_account& account = result.account;
     interaction_pool pool = read_all_interactions(plan, account);
@@ -216,10 +226,11 @@ import_result import_network(const import_plan& plan) {
         throw unusable_input("no interaction is left of what the files hold");
     }
     const std::vector<named_pair> pairs = read_all_knockouts(plan, account);
-    result.network = assemble(pool, pairs, plan, interaction_pool::unsaid, account);
+    result.network = assemble(pool, pairs, plan, interaction_pool::unsaid, account,
+                              [&](int done, int all) { watch("pruning", done, all); });
     imported_network& network = result.network;
     if (network.names.size() > most_proteins) {
-        fail_for_size(pool, pairs, plan, network.names.size());
+        fail_for_size(pool, pairs, plan, network.names.size(), watch);
     }
     if (network.pairs.empty()) {
         throw unusable_input(account.counts.pairs_without_path > 0

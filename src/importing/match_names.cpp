@@ -57,8 +57,8 @@ std::map<std::string, std::string> names_by_alias(const std::vector<std::string>
         return found;
     }
     const std::unordered_set<std::string> in_network(network.begin(), network.end());
-    const string_names names = read_string_names(options.aliases, options.alias_source);
-    const auto proteins = find_string_proteins(options.aliases, {unknown.begin(), unknown.end()});
+    const string_names names = read_string_names(options.aliases, options.alias_source, options.watch);
+    const auto proteins = find_string_proteins(options.aliases, {unknown.begin(), unknown.end()}, options.watch);
     for (const auto& [name, ids] : proteins) {
         std::set<std::string> meant;
         for (const std::string& id : ids) {

@@ -124,7 +124,7 @@ class path_marker {
 
 }  // namespace
 
-long keep_shortest_paths(imported_network& network) {
+long keep_shortest_paths(imported_network& network, const std::function<void(int done, int all)>& watch) {
     path_marker marker(network);
     std::vector<imported_network::pair> pairs_kept;
     for (std::size_t i = 0; i < network.pairs.size();) {
@@ -139,6 +139,9 @@ long keep_shortest_paths(imported_network& network) {
             if (has_path[j] != 0) {
                 pairs_kept.push_back({cause, effects[j]});
             }
+        }
+        if (watch) {
+            watch(static_cast<int>(i), static_cast<int>(network.pairs.size()));
         }
     }
     const long pathless = static_cast<long>(network.pairs.size() - pairs_kept.size());

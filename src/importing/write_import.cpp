@@ -14,7 +14,7 @@ std::string shortest(double number) {
     return {text, std::to_chars(text, text + sizeof text, number).ptr};
 }
 
-std::vector<whole_file> files_of(const import_plan& plan, const import_result& result) {
+std::vector<whole_file> files_of(const import_plan& plan, const import_result& result, const std::string& version) {
     const imported_network& network = result.network;
     std::vector<std::string> written;
     std::string names;
@@ -46,12 +46,13 @@ std::vector<whole_file> files_of(const import_plan& plan, const import_result& r
             {"undirected", by_kind[2]},
             {"ko", knockouts},
             {"aliases.tsv", aliases},
-            {"import.json", import_json(plan, result)}};
+            {"import.json", import_json(plan, result, version)}};
 }
 
 }  // namespace
 
-void write_import(const std::string& folder, const import_plan& plan, const import_result& result) {
+void write_import(const std::string& folder, const import_plan& plan, const import_result& result,
+                  const std::string& version) {
     namespace fs = std::filesystem;
     const fs::path place(folder);
     if (!fs::exists(place / "import.json")) {
@@ -62,5 +63,5 @@ void write_import(const std::string& folder, const import_plan& plan, const impo
             }
         }
     }
-    write_whole_files(folder, files_of(plan, result));
+    write_whole_files(folder, files_of(plan, result, version));
 }

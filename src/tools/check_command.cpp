@@ -3,6 +3,7 @@
 #include <memory>
 
 #include "checking/check_input.hpp"
+#include "process/renewed_line.hpp"
 #include "tables/unusable_input.hpp"
 #include "tools/commands.hpp"
 
@@ -14,10 +15,17 @@ struct check_arguments {
     bool as_json = false;
 };
 
+input_check check_watched(const input_opener& open_input) {
+    renewed_line line;
+    return check_input(open_input, [&](int done, int all) {
+        line.renew([&](long seconds) { return bar_text(seconds, "pairs searched for a path", done, all); });
+    });
+}
+
 int check_folder(const check_arguments& arguments) {
     const std::string folder = arguments.input + (arguments.input.ends_with('/') ? "" : "/");
     bool any_opened = false;
-    const input_check check = check_input([&](const char* name) {
+    const input_check check = check_watched([&](const char* name) {
         text_file file = open_text_file(folder + name);
         any_opened = any_opened || file.opened;
         return file;

@@ -3,8 +3,10 @@
 
 #include "importing/import_network.hpp"
 #include "process/interruption.hpp"
+#include "process/renewed_line.hpp"
 #include "tables/unusable_input.hpp"
 #include "tools/commands.hpp"
+#include "tools/version.hpp"
 
 namespace {
 
@@ -40,6 +42,13 @@ std::map<std::string, std::string> read_columns(const std::vector<std::string>& 
     return by_role;
 }
 
+import_result import_watched(const import_plan& plan) {
+    renewed_line line;
+    return import_network(plan, [&](const std::string& what, int done, int all) {
+        line.renew([&](long seconds) { return bar_text(seconds, what, done, all); });
+    });
+}
+
 void import_files(import_arguments& arguments, const CLI::App& command) {
     import_plan& plan = arguments.plan;
     plan.interactions.columns =
@@ -60,13 +69,13 @@ void import_files(import_arguments& arguments, const CLI::App& command) {
                               : arguments.names == "id"   ? name_kind::id
                                                           : name_kind::systematic;
     plan.match_loosely = arguments.match == "loose";
-    const import_result result = import_network(plan);
+    const import_result result = import_watched(plan);
     {
         // Until here a signal ends the program with nothing written; from here on files that
         // belong together are moved one by one.
         const interruption signals;
         hold_answer();
-        write_import(arguments.input, plan, result);
+        write_import(arguments.input, plan, result, netorient_version);
     }
     std::cout << import_text(plan, result);
 }

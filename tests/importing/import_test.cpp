@@ -60,6 +60,8 @@ TEST_F(import_test, of_rows_that_contradict_each_other_directions_and_confidence
     EXPECT_EQ(read("in/names.txt"), "A\nB\nC\nD\n");
     EXPECT_EQ(read("in/aliases.tsv"), "alias\tname\n");
     const nlohmann::json told = account();
+    EXPECT_EQ("netorient-tools " + told["version"].get<std::string>() + "\n",
+              run_program({"--version"}, tools_program()).out);
     EXPECT_EQ(told["counts"]["repeated"], 2);
     EXPECT_EQ(told["counts"]["overruled_by_direction"], 1);
     EXPECT_EQ(told["counts"]["both_directions_known"], 1);
@@ -204,6 +206,35 @@ TEST_F(import_test, too_many_proteins_are_cut_to_shortest_paths_or_refused_with_
     EXPECT_EQ(imported(both + " --min-confidence 0.9"), 0) << result.err;
     EXPECT_EQ(account()["counts"]["proteins"], 6001);
     expect_clean();
+}
+
+// A progress bar stands on this: it must neither go back nor stop before its end, though files of names are read
+// again for knockouts that bear another name.
+TEST_F(import_test, tells_how_far_it_is) {
+    std::string links = "protein1 protein2 combined_score\n";
+    std::string aliases = "#string_protein_id\talias\tsource\n";
+    for (int i = 1000; i < 4000; ++i) {
+        const std::string number = std::to_string(i);
+        links += "1.p" + number + " 1.p" + std::to_string(i + 1) + " 900\n";
+        aliases += "1.p" + number + "\tN" + number + "\tHGNC_symbol\n1.p" + number + "\tother" + number + "\tx\n";
+    }
+    write("links.txt", links);
+    write("aliases.txt", aliases);
+    write("ko.tsv", "N1000\tother1200\nN1000\tN2000\nN1500\tN2000\n");
+    import_plan plan;
+    plan.interaction_files = {folder / "links.txt"};
+    plan.interactions.aliases = {folder / "aliases.txt"};
+    plan.knockout_files = {folder / "ko.tsv"};
+    plan.prune = true;
+    using progress = std::pair<int, int>;
+    std::map<std::string, std::vector<progress>> told;
+    import_network(plan, [&](const std::string& what, int done, int all) { told[what].emplace_back(done, all); });
+    EXPECT_EQ(told["pruning"], (std::vector<progress>{{2, 3}, {3, 3}}));
+    const std::vector<progress>& reading = told["reading, in kB"];
+    EXPECT_TRUE(std::is_sorted(reading.begin(), reading.end()));
+    EXPECT_EQ(reading.front().first, 0);
+    const auto read_in_all = (links.size() + 3 * aliases.size() + read("ko.tsv").size()) / 1000;
+    EXPECT_EQ(reading.back(), progress(read_in_all, read_in_all));
 }
 
 TEST_F(import_test, leaves_nothing_half_written_and_nothing_overwritten) {
