@@ -29,8 +29,8 @@ ordered_json gap_json(const run_outcome& outcome) {
                : ordered_json(static_cast<double>(outcome.bound - outcome.value) / static_cast<double>(outcome.value));
 }
 
-}  // namespace
-
+// Each file with its digest and the number of its lines, a last one without line feed too;
+// both null for one that is not there.
 ordered_json inputs_json(const input_files& input) {
     ordered_json inputs = ordered_json::array();
     for (std::size_t i = 0; i < input.files.size(); ++i) {
@@ -46,8 +46,9 @@ ordered_json inputs_json(const input_files& input) {
     return inputs;
 }
 
-ordered_json run_json(const provenance& origin, const run_outcome& outcome, const input_files& input,
-                      const answer_rows& rows) {
+}  // namespace
+
+ordered_json origin_json(const provenance& origin, const input_files& input) {
     ordered_json json;
     json["program"] = "netorient-tools";
     json["version"] = origin.version;
@@ -56,6 +57,12 @@ ordered_json run_json(const provenance& origin, const run_outcome& outcome, cons
     json["duration_seconds"] = origin.duration;
     json["input"] = input.folder;
     json["inputs"] = inputs_json(input);
+    return json;
+}
+
+ordered_json run_json(const provenance& origin, const run_outcome& outcome, const input_files& input,
+                      const answer_rows& rows) {
+    ordered_json json = origin_json(origin, input);
     json["solver"] = outcome.solver;
     // Fixed in the program: searches count their seeds up from here, HiGHS and CPLEX begin with 0.
     json["seeds"] = {{"search", 1}, {"solver", 0}};

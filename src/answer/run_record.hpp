@@ -28,9 +28,9 @@ struct run_outcome {
 nlohmann::ordered_json run_json(const provenance& origin, const run_outcome& outcome, const input_files& input,
                                 const answer_rows& rows);
 
-// Each file with its SHA-256 digest and the number of its lines, a last one without line
-// feed too; both null for one that is not there.
-nlohmann::ordered_json inputs_json(const input_files& input);
+// What run.json and evaluation.json begin with: program, arguments, times, and the input
+// files with their SHA-256 digests and numbers of lines.
+nlohmann::ordered_json origin_json(const provenance& origin, const input_files& input);
 
 // As a file holds it: two blanks for each level, a line feed at the end. Bytes that are
 // no UTF-8 are shown as U+FFFD.

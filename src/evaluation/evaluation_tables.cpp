@@ -105,14 +105,7 @@ std::string evaluation_table(const evaluation& made) {
 
 ordered_json evaluation_json(const evaluation& made, const evaluation_summary& summary,
                              const evaluation_choices& choices, const provenance& origin, const input_files& input) {
-    ordered_json json;
-    json["program"] = "netorient-tools";
-    json["version"] = origin.version;
-    json["arguments"] = origin.arguments;
-    json["started"] = origin.started;
-    json["duration_seconds"] = origin.duration;
-    json["input"] = input.folder;
-    json["inputs"] = inputs_json(input);
+    ordered_json json = origin_json(origin, input);
     json["hide"] = name_in(way_names, choices.way);
     if (choices.way == way_of_hiding::folds) {
         json["folds"] = choices.folds;

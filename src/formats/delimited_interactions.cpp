@@ -35,29 +35,15 @@ bool asks_for_numbers(const std::map<std::string, std::string>& asked) {
     return first != asked.end() && first->second.find_first_not_of("0123456789") == std::string::npos;
 }
 
-std::optional<std::size_t> find_column(const delimited_table& table, const interaction_options& options,
-                                       const std::string& role, const std::vector<std::string>& usual) {
-    const auto asked = options.columns.find(role);
-    if (asked == options.columns.end()) {
-        return table.find_like(usual);
-    }
-    const std::optional<std::size_t> found = table.find(asked->second);
-    if (!found) {
-        table.source().fail_at(
-            1, "there is no column '" + asked->second + "' for '" + role + "'; there are " + table.list_columns());
-    }
-    return found;
-}
-
 columns find_columns(const delimited_table& table, const interaction_options& options) {
-    const std::optional<std::size_t> first =
-        find_column(table, options, "first",
-                    {"first", "source", "from", "interactor1", "interactora", "protein1", "proteina", "gene1", "genea",
-                     "node1", "nodea", "symbol1", "symbola", "sourcegenesymbol", "sourcename", "tail", "a"});
-    const std::optional<std::size_t> second =
-        find_column(table, options, "second",
-                    {"second", "target", "to", "interactor2", "interactorb", "protein2", "proteinb", "gene2", "geneb",
-                     "node2", "nodeb", "symbol2", "symbolb", "targetgenesymbol", "targetname", "head", "b"});
+    const std::optional<std::size_t> first = table.find_asked(
+        options.columns, "first",
+        {"first", "source", "from", "interactor1", "interactora", "protein1", "proteina", "gene1", "genea", "node1",
+         "nodea", "symbol1", "symbola", "sourcegenesymbol", "sourcename", "tail", "a"});
+    const std::optional<std::size_t> second = table.find_asked(
+        options.columns, "second",
+        {"second", "target", "to", "interactor2", "interactorb", "protein2", "proteinb", "gene2", "geneb", "node2",
+         "nodeb", "symbol2", "symbolb", "targetgenesymbol", "targetname", "head", "b"});
     if (!first || !second) {
         table.source().fail_at(
             1, "no column is known to name the " + std::string(first ? "second" : "first") +
@@ -66,14 +52,15 @@ columns find_columns(const delimited_table& table, const interaction_options& op
                    table.list_columns());
     }
     columns found{*first, *second, {}, {}, {}};
-    found.direction = find_column(table, options, "direction", {"direction", "directed", "isdirected", "orientation"});
+    found.direction =
+        table.find_asked(options.columns, "direction", {"direction", "directed", "isdirected", "orientation"});
     if (!found.direction) {
         found.relation =
             table.find_like({"interaction", "relation", "relationship", "interactiontype", "edgetype", "type"});
     }
-    found.confidence =
-        find_column(table, options, "confidence",
-                    {"confidence", "weight", "score", "combinedscore", "confidencescore", "probability", "edgeweight"});
+    found.confidence = table.find_asked(
+        options.columns, "confidence",
+        {"confidence", "weight", "score", "combinedscore", "confidencescore", "probability", "edgeweight"});
     return found;
 }
 

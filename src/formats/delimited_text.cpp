@@ -140,6 +140,21 @@ std::optional<std::size_t> delimited_table::find_like(const std::vector<std::str
     return std::nullopt;
 }
 
+std::optional<std::size_t> delimited_table::find_asked(const std::map<std::string, std::string>& asked,
+                                                       const std::string& role,
+                                                       const std::vector<std::string>& usual) const {
+    const auto named = asked.find(role);
+    if (named == asked.end()) {
+        return find_like(usual);
+    }
+    const std::optional<std::size_t> found = find(named->second);
+    if (!found) {
+        source().fail_at(1,
+                         "there is no column '" + named->second + "' for '" + role + "'; there are " + list_columns());
+    }
+    return found;
+}
+
 std::string delimited_table::list_columns() const {
     std::string text;
     for (std::size_t i = 0; i < header_.size(); ++i) {

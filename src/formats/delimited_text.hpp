@@ -47,6 +47,10 @@ class delimited_table {
     std::optional<std::size_t> find(const std::string& name) const;
     // The first of these names that is there; letters and digits alone count, in any case.
     std::optional<std::size_t> find_like(const std::vector<std::string>& names) const;
+    // The column that was asked for in a role, by its name or number; where none was, the
+    // first of the usual names. Throws unusable_input when what was asked for is not there.
+    std::optional<std::size_t> find_asked(const std::map<std::string, std::string>& asked, const std::string& role,
+                                          const std::vector<std::string>& usual) const;
     const std::vector<std::string>& header() const { return header_; }
     // "a, b and c", for messages.
     std::string list_columns() const;

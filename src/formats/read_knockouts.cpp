@@ -61,20 +61,6 @@ class pair_taker {
     source_account& account_;
 };
 
-std::optional<std::size_t> find_column(const delimited_table& table, const knockout_options& options,
-                                       const std::string& role, const std::vector<std::string>& usual) {
-    const auto asked = options.columns.find(role);
-    if (asked == options.columns.end()) {
-        return table.find_like(usual);
-    }
-    const std::optional<std::size_t> found = table.find(asked->second);
-    if (!found) {
-        table.source().fail_at(
-            1, "there is no column '" + asked->second + "' for '" + role + "'; there are " + table.list_columns());
-    }
-    return found;
-}
-
 const std::vector<std::string>& cause_words() {
     static const std::vector<std::string> words = {
         "cause",   "source",      "knockout",     "ko",           "knockedout", "deletion",
@@ -123,8 +109,8 @@ void read_table_of_pairs(text_source& source, const knockout_options& options, c
     if (!named && options.columns.empty()) {
         account.assumptions["no header is known, so that the first line is a pair"].add(1);
     }
-    std::optional<std::size_t> cause = find_column(table, options, "cause", cause_words());
-    std::optional<std::size_t> effect = find_column(table, options, "effect", effect_words());
+    std::optional<std::size_t> cause = table.find_asked(options.columns, "cause", cause_words());
+    std::optional<std::size_t> effect = table.find_asked(options.columns, "effect", effect_words());
     const bool is_two = table.header().size() == 2 || !named;
     if ((!cause || !effect || cause == effect) && is_two && options.columns.empty()) {
         cause = 0;
