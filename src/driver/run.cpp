@@ -34,7 +34,7 @@ int run(int argc, char** argv, const solver::back_end& back_end) {
         return 1;
     }
     outlive_failed_writes();
-    const interruption signals;
+    const interruption& signals = lasting_interruption();
     solver::solve_watch watch;
     watch.stop_requested = [&] { return signals.requested(); };
     try {

@@ -98,6 +98,11 @@ bool interruption::requested() const {
     return first_wish != 0;
 }
 
+const interruption& lasting_interruption() {
+    static const interruption& signals = *new interruption;
+    return signals;
+}
+
 void hold_answer() {
     if (!is_installed) {
         return;

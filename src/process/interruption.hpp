@@ -21,6 +21,10 @@ class interruption {
     bool requested() const;  // from any thread
 };
 
+// One that lasts as long as the program: a signal that comes when the work is done must
+// not change how it ends.
+const interruption& lasting_interruption();
+
 // An answer is at hand that is still to be written: until it is released, or the object
 // above ends, no signal ends the program that it can withstand. Without such an object
 // both do nothing.

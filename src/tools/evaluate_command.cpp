@@ -47,7 +47,7 @@ void evaluate(const evaluate_options& options, const std::vector<std::string>& a
     const std::string output = output_folder(options.run.output);
 
     outlive_failed_writes();
-    const interruption signals;
+    const interruption& signals = lasting_interruption();
     evaluation_choices choices;
     choices.way =
         static_cast<way_of_hiding>(std::find(way_names.begin(), way_names.end(), options.way) - way_names.begin());

@@ -15,7 +15,7 @@ void orient(const run_options& options, const std::vector<std::string>& argument
     remove_answer(output);
 
     outlive_failed_writes();
-    const interruption signals;
+    const interruption& signals = lasting_interruption();
     work_progress progress("regrets and prices");
     answer_choices choices = choices_of(options);
     choices.stop_requested = [&] {
