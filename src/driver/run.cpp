@@ -1,5 +1,6 @@
 #include "driver/run.hpp"
 
+#include <chrono>
 #include <iostream>
 #include <new>
 
@@ -14,6 +15,10 @@
 #include "report/graph_writer.hpp"
 
 namespace {
+
+// How long a signal lets the work before the solve go on. With the quick answer that follows,
+// the program then ends within two seconds of it.
+constexpr std::chrono::milliseconds patience(1000);
 
 void tell_if_cut(const std::string& path, const std::string& reason) {
     if (!reason.empty()) {
@@ -38,8 +43,14 @@ int run(int argc, char** argv, const solver::back_end& back_end) {
     solver::solve_watch watch;
     watch.stop_requested = [&] { return signals.requested(); };
     try {
-        run_phases(files_below(argv[1]),
-                   {.output = argv[2], .back_end = back_end, .watch = watch, .before_solving = [] {}});
+        run_phases(files_below(argv[1]), {.output = argv[2],
+                                          .back_end = back_end,
+                                          .watch = watch,
+                                          .cut_requested = [&] { return signals.requested_before(patience); },
+                                          .before_solving = [] {}});
+    } catch (const ended_early&) {
+        std::cout << "ERROR: ended by a signal before the model was made: nothing is answered" << std::endl;
+        signals.end_by_first_signal();
     } catch (const std::bad_alloc&) {
         std::cout << "ERROR: out of memory" << std::endl;
         throw;
@@ -57,10 +68,14 @@ IloCplex run_phases(const input_opener& open_input, const run_choices& choices) 
     name_objective();
 
     // Proteins, arcs with their orientation variables, and the knockout pairs.
-    read_data(open_input, model);
+    read_data(open_input, model, choices.cut_requested);
+    if (choices.cut_requested()) {
+        throw ended_early();
+    }
 
     // The network as read, before the solution takes arcs out of it.
     if (choices.output) {
+        take_away(*choices.output + "solution_graph.txt");  // an answer to another model
         draw(*choices.output + "initial_graph.txt");
     }
 
@@ -73,13 +88,18 @@ IloCplex run_phases(const input_opener& open_input, const run_choices& choices) 
     cplex.set_watch(choices.watch);
 
     // Flows over shortest paths, pair variables, objective.
-    prepare_ilp(model, true, isoMap);
+    prepare_ilp(model, true, isoMap, choices.cut_requested);
+    if (choices.cut_requested() || !cplex.prepare(choices.cut_requested)) {
+        if (choices.output) {
+            take_away(*choices.output + "shortest.lp");  // of an earlier run, beside this one's drawing
+        }
+        throw ended_early();
+    }
 
     // Before solving, so that it is there for another solver whatever happens.
     if (choices.output) {
-        take_away(*choices.output + "solution_graph.txt");  // an answer to another model
         const std::string path = *choices.output + "shortest.lp";
-        tell_if_cut(path, cplex.exportModel(path.c_str()));
+        tell_if_cut(path, cplex.exportModel(path.c_str(), choices.cut_requested));
     }
 
     choices.before_solving();

@@ -11,7 +11,8 @@
 
 // Runs with the program's own arguments: an input and an output directory, each a
 // plain prefix of file names. Gives the exit status: 1 on a wrong argument count,
-// else 0. A back end given here takes the place of the one that was built in.
+// else 0. A back end given here takes the place of the one that was built in. A signal ends
+// the process where it is too early for an answer.
 // Throws the int -1 when there is no solution.
 int run(int argc, char** argv, const solver::back_end& back_end = solver::default_back_end());
 
@@ -19,12 +20,18 @@ struct run_choices {
     std::optional<std::string> output;  // prefix of the files to write; none = no file
     solver::back_end back_end = solver::default_back_end();
     solver::solve_watch watch;  // of the solve
+    // Asked now and then before the solve: true = what is left to do until then is to be
+    // left out, once and for all.
+    std::function<bool()> cut_requested = [] { return false; };
     // Called when the program is built and written, before it is solved.
     std::function<void()> before_solving = [] {};
 };
 
+// The run was cut before there was a model to answer.
+struct ended_early {};
+
 // All phases, over the state that start-up or reset_run_state left. Gives the session with
-// its answer; throws as above.
+// its answer; throws as above, or ended_early.
 IloCplex run_phases(const input_opener& open_input, const run_choices& choices);
 
 // The phases that are the driver's own.

@@ -18,6 +18,15 @@ name_end read_name(text_file& file, std::string& name) {
     return name_end::blank;
 }
 
+bool is_cut(text_file& file) {
+    constexpr int records_at_once = 4096;
+    if (file.records_until_asked-- > 0) {
+        return false;
+    }
+    file.records_until_asked = records_at_once;
+    return file.cut_requested();
+}
+
 }  // namespace
 
 record_end take_pair_record(text_file& file, pair_record& record, std::string_view& long_name) {
@@ -43,7 +52,7 @@ record_end take_pair_record(text_file& file, pair_record& record, std::string_vi
 }
 
 bool read_pair_record(text_file& file, pair_record& record) {
-    while (true) {
+    while (!is_cut(file)) {
         std::string_view long_name;
         const record_end end = take_pair_record(file, record, long_name);
         if (end != record_end::name_too_long) {
@@ -51,4 +60,5 @@ bool read_pair_record(text_file& file, pair_record& record) {
         }
         report_long_name(file, record.start, long_name);
     }
+    return false;
 }

@@ -15,7 +15,7 @@ struct pair_record {
     bool line_ended = false;  // false: the file ended before the line feed
 };
 
-// Reads the next record; false when the file ends before both names do. Only a
+// Reads the next record; false when the file ends before both names do, or is cut. Only a
 // blank ends a name, so a name may run across a line end. A record with a name of
 // more than 19 bytes is reported and skipped up to the end of the line on which
 // it began: in a file with tabs for blanks no name ever ends, and each of its

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstddef>
+#include <functional>
 #include <string>
 #include <string_view>
 
@@ -12,6 +13,10 @@ struct text_file {
     bool opened = true;
     std::size_t position = 0;  // first byte not yet read
     bool quiet = false;        // true = nothing is printed of it: somebody reads it again
+
+    // Asked now and then: true = the rest is left unread, as if the file ended here.
+    std::function<bool()> cut_requested = [] { return false; };
+    int records_until_asked = 0;
 
     // How far line feeds were counted for messages, and the line reached there.
     std::size_t counted = 0;

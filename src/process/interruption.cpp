@@ -17,9 +17,11 @@ constexpr std::array left_alone = {SIGKILL, SIGSTOP, SIGSEGV, SIGBUS,  SIGFPE,  
                                    SIGSYS,  SIGCHLD, SIGCONT, SIGTSTP, SIGTTIN, SIGTTOU, SIGURG,  SIGWINCH};
 
 std::atomic<std::int64_t> first_wish = 0;  // when it came; 0 = not yet
+std::atomic<int> first_signal = 0;
 std::atomic<bool> is_held = false;
 static_assert(std::atomic<std::int64_t>::is_always_lock_free);  // else no handler may touch it
 static_assert(std::atomic<bool>::is_always_lock_free);
+static_assert(std::atomic<int>::is_always_lock_free);
 
 bool is_installed = false;
 std::array<struct sigaction, 65> old_actions;  // by number, of the signals that are changed
@@ -40,8 +42,11 @@ std::int64_t now() {
 extern "C" void note_signal(int signal_number) {
     const std::int64_t came = now();
     std::int64_t first = 0;
-    if (first_wish.compare_exchange_strong(first, came) || came - first < burst || is_held ||
-        signal_number == SIGXCPU) {
+    if (first_wish.compare_exchange_strong(first, came)) {
+        first_signal = signal_number;
+        return;
+    }
+    if (came - first < burst || is_held || signal_number == SIGXCPU) {
         return;
     }
     std::signal(signal_number, SIG_DFL);
@@ -96,6 +101,16 @@ interruption::~interruption() {
 
 bool interruption::requested() const {
     return first_wish != 0;
+}
+
+bool interruption::requested_before(std::chrono::milliseconds ago) const {
+    const std::int64_t first = first_wish;
+    return first != 0 && now() - first >= std::chrono::nanoseconds(ago).count();
+}
+
+void interruption::end_by_first_signal() const {
+    std::signal(first_signal, SIG_DFL);
+    std::raise(first_signal);
 }
 
 const interruption& lasting_interruption() {

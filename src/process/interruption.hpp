@@ -1,6 +1,7 @@
 // Signals that ask the program to end, as wishes to end early with what there is.
 #pragma once
 
+#include <chrono>
 #include <csignal>
 
 // While an object of this lives, SIGINT, SIGTERM, SIGHUP, SIGXCPU, SIGUSR1 and SIGUSR2 are
@@ -19,6 +20,10 @@ class interruption {
     interruption& operator=(const interruption&) = delete;
 
     bool requested() const;  // from any thread
+    // Whether the first signal came that long ago, or longer.
+    bool requested_before(std::chrono::milliseconds ago) const;
+    // Ends the program by the first signal, as if it had never been noted.
+    void end_by_first_signal() const;
 };
 
 // One that lasts as long as the program: a signal that comes when the work is done must

@@ -6,6 +6,7 @@
 #include <tuple>
 
 #include "driver/long_solve.hpp"
+#include "driver/run.hpp"
 
 using namespace std::chrono_literals;
 
@@ -26,7 +27,7 @@ class interrupt_test : public long_solve_test {
     }
 };
 
-constexpr auto past_the_burst = 1050ms;
+constexpr auto past_the_burst = 1050ms;  // and past what a signal leaves to the work before the solve
 
 }  // namespace
 
@@ -75,6 +76,66 @@ TEST_F(interrupt_test, remembers_a_signal_that_comes_before_the_solve) {
     preparation = solving - fed;
     expect_feasible(finish_program(process));
     EXPECT_LT(clock_type::now() - solving, limit());
+}
+
+TEST_F(interrupt_test, ends_by_the_signal_where_it_is_too_early_for_an_answer) {
+    const std::string knockouts = read("in/ko");
+    make_pipe("in/ko");
+    write("out/solution_graph.txt", "old");
+    const pid_t process = start_reading_a_pipe();
+    kill(process, SIGUSR1);
+    std::this_thread::sleep_for(past_the_burst);
+    write("in/ko", knockouts);
+    const program_result result = finish_program(process);
+    EXPECT_EQ(result.signal, SIGUSR1);
+    EXPECT_EQ(result.out, "ERROR: ended by a signal before the model was made: nothing is answered\n");
+    EXPECT_FALSE(exists("out/initial_graph.txt"));
+}
+
+// Asked to leave off while it reads, marks, makes the record, writes the model.
+TEST_F(interrupt_test, leaves_no_file_that_is_not_whole_wherever_it_is_cut) {
+    const auto questions_of_a_run_cut_at = [&](long question, std::string& said) {
+        reset_run_state();
+        std::filesystem::remove(folder / "out/initial_graph.txt");
+        write("out/shortest.lp", "old");
+        write("out/solution_graph.txt", "old");
+        long asked = 0;
+        run_choices choices;
+        choices.output = folder / "out/";
+        choices.watch.stop_requested = [] { return true; };
+        choices.cut_requested = [&] { return ++asked >= question; };
+        testing::internal::CaptureStdout();
+        try {
+            run_phases(files_below(folder / "in/"), choices);
+        } catch (const ended_early&) {
+            std::cout << "early";
+        }
+        said = testing::internal::GetCapturedStdout();
+        return asked;
+    };
+    std::string said;
+    const long all = questions_of_a_run_cut_at(1'000'000, said);
+    const std::string model = read("out/shortest.lp");
+    const std::string answer = said;
+    ASSERT_TRUE(model.ends_with("\nEnd\n"));
+    for (const long question : {1L, 6L, 7L, all / 2, all - 1, all, all + 1}) {
+        SCOPED_TRACE(question);
+        questions_of_a_run_cut_at(question, said);
+        if (said == "early") {
+            const bool has_begun = has_written("out/initial_graph.txt", "\n}\n");
+            EXPECT_EQ(has_begun, question > 6);
+            EXPECT_EQ(read("out/shortest.lp"), has_begun ? "" : "old");
+            EXPECT_EQ(read("out/solution_graph.txt"), has_begun ? "" : "old");
+            EXPECT_LE(question, all / 2);
+            continue;
+        }
+        const std::string path = folder / "out/shortest.lp";
+        const std::string told = "ERROR: file " + path + " could not be completed: ended by a signal\n";
+        EXPECT_EQ(said, (question <= all ? told : "") + answer);
+        EXPECT_EQ(read("out/shortest.lp"), question <= all ? "" : model);
+        EXPECT_TRUE(has_written("out/solution_graph.txt", "\n}\n"));
+        EXPECT_GT(question, all / 2);
+    }
 }
 
 TEST_F(interrupt_test, ends_at_once_by_a_later_signal_while_there_is_no_answer) {

@@ -145,7 +145,7 @@ void add_rows(const model_record& record, const lp_names& columns, text_block& t
     }
     width = std::min(width, widest_indent - 3);
     line_filler line(text);
-    for (std::size_t r = 0; r < rows.size(); ++r) {
+    for (std::size_t r = 0; r < rows.size() && !text.is_cut(); ++r) {
         line.start(rows[r], width);
         for (std::size_t t = record.row_start[r]; t < record.row_start[r + 1]; ++t) {
             if (record.row_value[t] != 0.0) {
@@ -159,7 +159,7 @@ void add_rows(const model_record& record, const lp_names& columns, text_block& t
 
 void add_bounds(const model_record& record, const lp_names& columns, text_block& text) {
     std::string_view title = "Bounds\n";
-    for (std::size_t c = 0; c < columns.size(); ++c) {
+    for (std::size_t c = 0; c < columns.size() && !text.is_cut(); ++c) {
         const double lower = record.column_lower[c];
         const double upper = record.column_upper[c];
         // The format's own bounds go without saying, but for whole numbers.
@@ -213,9 +213,12 @@ void add_integral_columns(const model_record& record, const lp_names& columns, b
 
 }  // namespace
 
-void write_lp(const model_record& record, std::ostream& out) {
+namespace {
+
+// False when cut: then some of it is missing.
+bool write_lp_unless(const std::function<bool()>& cut_requested, const model_record& record, std::ostream& out) {
     const lp_names columns(record.column_names, 'x');
-    text_block text(out);
+    text_block text(out, cut_requested);
     text.add("\\ENCODING=ISO-8859-1\n\\Problem name: \n\n");
     text.add(record.maximize ? "Maximize\n" : "Minimize\n");
     add_objective(record, columns, text);
@@ -227,14 +230,24 @@ void write_lp(const model_record& record, std::ostream& out) {
     add_integral_columns(record, columns, true, "Binaries", text);
     add_integral_columns(record, columns, false, "Generals", text);
     text.add("End\n");
+    return !text.is_cut();
 }
 
-std::string write_lp_file(const model_record& record, const char* path) {
+}  // namespace
+
+void write_lp(const model_record& record, std::ostream& out) {
+    write_lp_unless([] { return false; }, record, out);
+}
+
+std::string write_lp_file(const model_record& record, const char* path, const std::function<bool()>& cut_requested) {
     output_file file(path);
-    if (file.is_open()) {
-        write_lp(record, file.text());
+    const bool is_whole = !file.is_open() || write_lp_unless(cut_requested, record, file.text());
+    std::string reason = file.finish();
+    if (!is_whole) {
+        take_away(path);
+        return "ended by a signal";
     }
-    return file.finish();
+    return reason;
 }
 
 }  // namespace solver

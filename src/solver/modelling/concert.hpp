@@ -6,6 +6,7 @@
 // is not in the model, an unknown parameter, an empty handle.
 #pragma once
 
+#include <functional>
 #include <iosfwd>
 #include <memory>
 #include <stdexcept>
@@ -178,9 +179,14 @@ class IloCplex : public IloAlgorithm {
     double getObjValue() const;
     double getValue(const IloNumVar& variable) const;
 
+    // Makes what exporting and solving begin from, and what they would else make
+    // themselves. False, once cut_requested, asked now and then, is true: nothing is made.
+    bool prepare(const std::function<bool()>& cut_requested) const;
+
     // Writes the model in LP format. A path that cannot be written is no error.
-    // Gives the system's reason when the file could not be completed, else nothing.
-    std::string exportModel(const char* path) const;
+    // Gives the reason when the file could not be completed, else nothing (lp_file.hpp).
+    std::string exportModel(
+        const char* path, const std::function<bool()>& cut_requested = [] { return false; }) const;
 
     // The back end of later solves, and who watches them; defaults: the one that
     // the build names, and nobody. Gives the watch that was set before.

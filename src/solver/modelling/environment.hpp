@@ -5,7 +5,9 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <functional>
 #include <memory>
+#include <optional>
 #include <vector>
 
 #include "solver/modelling/concert.hpp"
@@ -87,7 +89,9 @@ struct model_data {
 using column_index = std::vector<int>;
 
 // The record of a model: rows as added, columns by first appearance, those that
-// only the objective holds last. Fills columns.
-model_record make_record(const model_data& model, column_index& columns);
+// only the objective holds last. Fills columns. Nothing, once cut_requested, asked now
+// and then, is true.
+std::optional<model_record> make_record(const model_data& model, column_index& columns,
+                                        const std::function<bool()>& cut_requested);
 
 }  // namespace solver

@@ -9,16 +9,21 @@ namespace {
 
 using row_term = std::pair<int, double>;  // column, coefficient
 
+constexpr int rows_at_once = 4096;  // between two questions
+
 class record_maker {
  public:
     record_maker(const model_data& model, column_index& columns)
         : environment_(*model.environment), model_(model), columns_(columns) {}
 
-    model_record make() {
+    std::optional<model_record> make(const std::function<bool()>& cut_requested) {
         columns_.assign(static_cast<std::size_t>(environment_.num_variables()), -1);
         reserve();
         for (const model_data::range& range : model_.constraints) {
             for (int row = range.first; row < range.last; ++row) {
+                if (row % rows_at_once == 0 && cut_requested()) {
+                    return std::nullopt;
+                }
                 append_row(row);
             }
         }
@@ -129,8 +134,9 @@ class record_maker {
 
 }  // namespace
 
-model_record make_record(const model_data& model, column_index& columns) {
-    return record_maker(model, columns).make();
+std::optional<model_record> make_record(const model_data& model, column_index& columns,
+                                        const std::function<bool()>& cut_requested) {
+    return record_maker(model, columns).make(cut_requested);
 }
 
 }  // namespace solver

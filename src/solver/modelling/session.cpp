@@ -57,14 +57,30 @@ bool has_solution(const solve_answer& answer) {
     return answer.status == solve_status::optimal || answer.status == solve_status::feasible;
 }
 
-const model_record& current_record(session_data& session) {
-    if (session.changes_at_record != session.model->environment->changes) {
-        column_index columns;
-        session.record = {};  // its memory first
-        session.record = make_record(*session.model, columns);
-        session.record_columns = std::make_shared<const column_index>(std::move(columns));
-        session.changes_at_record = session.model->environment->changes;
+bool never() {
+    return false;
+}
+
+// False when cut.
+bool bring_record_up_to_date(session_data& session, const std::function<bool()>& cut_requested) {
+    if (session.changes_at_record == session.model->environment->changes) {
+        return true;
     }
+    column_index columns;
+    session.record = {};  // its memory first
+    session.changes_at_record = -1;
+    std::optional<model_record> record = make_record(*session.model, columns, cut_requested);
+    if (!record) {
+        return false;
+    }
+    session.record = std::move(*record);
+    session.record_columns = std::make_shared<const column_index>(std::move(columns));
+    session.changes_at_record = session.model->environment->changes;
+    return true;
+}
+
+const model_record& current_record(session_data& session) {
+    bring_record_up_to_date(session, never);
     session.record.settings = session.settings;
     const std::size_t known = std::min(session.priorities.size(), session.record_columns->size());
     std::vector<double>& priorities = session.record.column_priority;
@@ -195,8 +211,12 @@ const solve_answer& IloCplex::answer() const {
     return data_->answer;
 }
 
-std::string IloCplex::exportModel(const char* path) const {
-    return write_lp_file(current_record(*data_), path);
+bool IloCplex::prepare(const std::function<bool()>& cut_requested) const {
+    return bring_record_up_to_date(*data_, cut_requested);
+}
+
+std::string IloCplex::exportModel(const char* path, const std::function<bool()>& cut_requested) const {
+    return write_lp_file(current_record(*data_), path, cut_requested);
 }
 
 void IloCplex::use_back_end(const solver::back_end& back_end) {

@@ -8,7 +8,7 @@
 #include "solver/regret/plain_regrets.hpp"
 
 TEST(regrets, of_the_example_equal_plain_solving) {
-    const IloCplex session = run_phases(files_below(std::string(EXAMPLE_FOLDER) + "/"), {});
+    const IloCplex session = run_phases(files_below(EXAMPLE_FOLDER "/"), {});
     const solver::model_record& record = session.solved_record();
     const solver::solve_answer& answer = session.answer();
     ASSERT_EQ(answer.status, solver::solve_status::optimal);
