@@ -18,7 +18,7 @@ namespace {
 
 // How long a signal lets the work before the solve go on. With the quick answer that follows,
 // the program then ends within two seconds of it.
-constexpr std::chrono::milliseconds patience(1000);
+constexpr std::chrono::milliseconds patience(800);
 
 void tell_if_cut(const std::string& path, const std::string& reason) {
     if (!reason.empty()) {

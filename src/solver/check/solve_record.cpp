@@ -53,14 +53,14 @@ solve_answer believed(const model_record& record, solve_answer answer) {
     return answer;
 }
 
-solve_answer solve_and_check(const model_record& record, const back_end& solver, const solve_watch& watch) {
+solve_answer solve_and_check(const model_record& record, const std::optional<reach_structure>& structure,
+                             const back_end& solver, const solve_watch& watch) {
     if (record.num_columns() == 0) {
         solve_answer answer;
         answer.status = solve_status::optimal;
         answer.objective = answer.bound = record.objective_constant;
         return answer;
     }
-    const std::optional<reach_structure> structure = find_reach_structure(record);
     if (!structure) {
         return believed(record, solver.of_record(record, watch));
     }
@@ -122,15 +122,29 @@ std::string check_values(const model_record& record, std::vector<double>& values
     return {};
 }
 
-solve_answer solve_record(const model_record& record, const back_end& solver, const solve_watch& watch) {
+namespace {
+
+// With a solver that refuses what it is given: no reason to lose the message.
+template <typename work>
+solve_answer answered_or_failed(const work& solve) {
     try {
-        return solve_and_check(record, solver, watch);
+        return solve();
     } catch (const std::bad_alloc&) {
         return failed("ERROR: out of memory");
     } catch (const std::exception& failure) {
-        // A solver that refuses what it is given: no reason to lose the message.
         return failed(failure.what());
     }
+}
+
+}  // namespace
+
+solve_answer solve_record(const model_record& record, const back_end& solver, const solve_watch& watch) {
+    return answered_or_failed([&] { return solve_and_check(record, find_reach_structure(record), solver, watch); });
+}
+
+solve_answer solve_record(const model_record& record, const std::optional<reach_structure>& structure,
+                          const back_end& solver, const solve_watch& watch) {
+    return answered_or_failed([&] { return solve_and_check(record, structure, solver, watch); });
 }
 
 }  // namespace solver

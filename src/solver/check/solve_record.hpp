@@ -1,9 +1,11 @@
 // From a record to an answer that may be believed.
 #pragma once
 
+#include <optional>
 #include <string>
 
 #include "solver/record/back_end.hpp"
+#include "solver/structure/reach_structure.hpp"
 
 namespace solver {
 
@@ -24,5 +26,8 @@ std::string check_values(const model_record& record, std::vector<double>& values
 // file names first, and of the answer only what a reached demand can use is kept.
 // Of such a model a solve that is asked to stop always leaves a solution.
 solve_answer solve_record(const model_record& record, const back_end& solver, const solve_watch& watch);
+// The same, of a record whose structure, or that it has none, was found out before.
+solve_answer solve_record(const model_record& record, const std::optional<reach_structure>& structure,
+                          const back_end& solver, const solve_watch& watch);
 
 }  // namespace solver

@@ -217,6 +217,9 @@ namespace {
 
 // False when cut: then some of it is missing.
 bool write_lp_unless(const std::function<bool()>& cut_requested, const model_record& record, std::ostream& out) {
+    if (cut_requested()) {
+        return false;
+    }
     const lp_names columns(record.column_names, 'x');
     text_block text(out, cut_requested);
     text.add("\\ENCODING=ISO-8859-1\n\\Problem name: \n\n");

@@ -69,6 +69,16 @@ const char* sparse_names::name_of(int index) const {
     return found == entries_.end() || found->index != index ? nullptr : found->name;
 }
 
+const char* sparse_names::name_of(int index, std::size_t& place) const {
+    while (place < entries_.size() && entries_[place].index < index) {
+        ++place;
+    }
+    if (place > 0 && entries_[place - 1].index >= index) {
+        return name_of(index);
+    }
+    return place < entries_.size() && entries_[place].index == index ? entries_[place].name : nullptr;
+}
+
 // Most are named in their order.
 void sparse_names::set(int index, const char* name) {
     const char* text = name == nullptr ? nullptr : kept(name);

@@ -179,8 +179,9 @@ class IloCplex : public IloAlgorithm {
     double getObjValue() const;
     double getValue(const IloNumVar& variable) const;
 
-    // Makes what exporting and solving begin from, and what they would else make
-    // themselves. False, once cut_requested, asked now and then, is true: nothing is made.
+    // Makes what exporting and solving begin from, which they would else make themselves:
+    // a solve that is stopped at once then answers sooner. False, once cut_requested,
+    // asked now and then, is true: the model is as good as not made.
     bool prepare(const std::function<bool()>& cut_requested) const;
 
     // Writes the model in LP format. A path that cannot be written is no error.

@@ -19,6 +19,8 @@ namespace solver {
 class sparse_names {
  public:
     const char* name_of(int index) const;  // null = unnamed
+    // The same, for whoever asks for most of them in their order, with a place of his own, 0 at first.
+    const char* name_of(int index, std::size_t& place) const;
     void set(int index, const char* name);
 
  private:

@@ -64,13 +64,12 @@ class record_maker {
             record_.column_lower.push_back(environment_.variable_lower[index]);
             record_.column_upper.push_back(environment_.variable_upper[index]);
             record_.column_integral.push_back(environment_.variable_integral[index]);
-            add_name(environment_.variable_names, variable, record_.column_names);
+            add_name(environment_.variable_names.name_of(variable, variable_place_), record_.column_names);
         }
         return column;
     }
 
-    static void add_name(const sparse_names& names, int index, name_list& list) {
-        const char* name = names.name_of(index);
+    static void add_name(const char* name, name_list& list) {
         list.push_back(name == nullptr ? std::string_view() : name);
     }
 
@@ -93,7 +92,7 @@ class record_maker {
         }
         record_.row_start.push_back(record_.row_column.size());
         record_.row_upper.push_back(environment_.row_upper[index]);
-        add_name(environment_.row_names, row, record_.row_names);
+        add_name(environment_.row_names.name_of(row, row_place_), record_.row_names);
     }
 
     // Most rows are a term or two out of order, and the library's stable sort asks for
@@ -130,6 +129,8 @@ class record_maker {
     column_index& columns_;
     model_record record_;
     std::vector<row_term> row_;
+    std::size_t variable_place_ = 0;  // among the names
+    std::size_t row_place_ = 0;
 };
 
 }  // namespace

@@ -1,5 +1,7 @@
 // IloCplex: a solver over one model, whichever back end stands behind it.
 #include <algorithm>
+#include <new>
+#include <optional>
 #include <ostream>
 #include <string>
 #include <utility>
@@ -24,6 +26,8 @@ struct session_data {
     model_record record;
     std::shared_ptr<const column_index> record_columns = std::make_shared<column_index>();
     long changes_at_record = -1;
+    std::optional<reach_structure> structure;  // found in the record
+    bool is_structure_known = false;           // of this record
 
     solve_answer answer;
     std::shared_ptr<const column_index> columns = record_columns;  // of the last solve
@@ -69,6 +73,8 @@ bool bring_record_up_to_date(session_data& session, const std::function<bool()>&
     column_index columns;
     session.record = {};  // its memory first
     session.changes_at_record = -1;
+    session.structure.reset();
+    session.is_structure_known = false;
     std::optional<model_record> record = make_record(*session.model, columns, cut_requested);
     if (!record) {
         return false;
@@ -171,7 +177,12 @@ void IloCplex::setPriority(const IloNumVar& variable, double priority) {
 bool IloCplex::solve() {
     const model_record& record = current_record(*data_);
     data_->columns = data_->record_columns;
-    data_->answer = solve_record(record, data_->chosen, data_->watch);
+    if (std::exchange(data_->is_structure_known, false)) {
+        const std::optional<reach_structure> structure = std::exchange(data_->structure, std::nullopt);
+        data_->answer = solve_record(record, structure, data_->chosen, data_->watch);
+    } else {
+        data_->answer = solve_record(record, data_->chosen, data_->watch);
+    }
     return has_solution(data_->answer);
 }
 
@@ -212,7 +223,16 @@ const solve_answer& IloCplex::answer() const {
 }
 
 bool IloCplex::prepare(const std::function<bool()>& cut_requested) const {
-    return bring_record_up_to_date(*data_, cut_requested);
+    if (!bring_record_up_to_date(*data_, cut_requested)) {
+        return false;
+    }
+    try {
+        data_->structure = find_reach_structure(data_->record);
+        data_->is_structure_known = true;
+    } catch (const std::bad_alloc&) {
+        // The solve will say so; the model can be exported all the same.
+    }
+    return true;
 }
 
 std::string IloCplex::exportModel(const char* path, const std::function<bool()>& cut_requested) const {

@@ -44,8 +44,7 @@ class structure_finder {
             }
         }
         found_.objective_constant = record_.objective_constant;
-        gate_of_.assign(at(record_.num_columns()), none);
-        flow_gate_column_.assign(at(record_.num_columns()), none);
+        link_.assign(at(record_.num_columns()), none);
         return true;
     }
 
@@ -67,7 +66,7 @@ class structure_finder {
                 return false;
             } else if (size == 2 && integral(columns[0]) != integral(columns[1])) {
                 const std::size_t gate = integral(columns[0]) ? 0 : 1;
-                int& gate_column = flow_gate_column_[at(columns[1 - gate])];
+                int& gate_column = link_[at(columns[1 - gate])];
                 if (record_.row_value[first + gate] != -1.0 || record_.row_value[first + 1 - gate] != 1.0 ||
                     gate_column != none) {
                     return false;
@@ -82,11 +81,11 @@ class structure_finder {
         const int* columns = record_.row_column.data() + first;
         std::array<int, 2> gates = {none, none};
         for (std::size_t i = 0; i < size; ++i) {
-            if (record_.row_value[first + i] != 1.0 || !integral(columns[i]) || gate_of_[at(columns[i])] != none) {
+            if (record_.row_value[first + i] != 1.0 || !integral(columns[i]) || link_[at(columns[i])] != none) {
                 return false;
             }
             gates[i] = columns[i];
-            gate_of_[at(columns[i])] = 0;
+            link_[at(columns[i])] = 0;
         }
         if (size == 2) {
             if (stands_before(record_.column_names[at(gates[1])], record_.column_names[at(gates[0])])) {
@@ -95,7 +94,7 @@ class structure_finder {
         }
         for (const int column : gates) {
             if (column != none) {
-                gate_of_[at(column)] = static_cast<int>(found_.gate_column.size());
+                link_[at(column)] = static_cast<int>(found_.gate_column.size());
             }
             found_.gate_column.push_back(column);
         }
@@ -104,9 +103,9 @@ class structure_finder {
 
     // A flow or a demand below the sum of what enters one node.
     bool read_sums() {
-        node_of_flow_.assign(at(record_.num_columns()), none);
+        node_.assign(at(record_.num_columns()), none);
         tail_of_flow_.assign(at(record_.num_columns()), none);
-        demand_of_.assign(at(record_.num_columns()), none);
+        node_size_.reserve(at(record_.num_columns()));  // at most; what is not used is not touched
         for (int r = 0; r < record_.num_rows(); ++r) {
             if (record_.row_upper[at(r)] != 0.0 || is_capacity(r)) {
                 continue;
@@ -133,19 +132,19 @@ class structure_finder {
 
     // The node that exactly these flows enter; made anew when none of them enters one yet.
     int node_entered_by_all() {
-        const int node = node_of_flow_[at(entering_.front())];
+        const int node = node_[at(entering_.front())];
         for (const int flow : entering_) {
-            if (node_of_flow_[at(flow)] != node) {
+            if (node_[at(flow)] != node) {
                 return none;
             }
         }
         if (node != none) {
-            return node_size_[at(node)] == entering_.size() ? node : none;
+            return node_size_[at(node)] == static_cast<int>(entering_.size()) ? node : none;
         }
         const int made = static_cast<int>(node_size_.size());
-        node_size_.push_back(entering_.size());
+        node_size_.push_back(static_cast<int>(entering_.size()));
         for (const int flow : entering_) {
-            node_of_flow_[at(flow)] = made;
+            node_[at(flow)] = made;
         }
         return made;
     }
@@ -158,10 +157,10 @@ class structure_finder {
             tail_of_flow_[at(bounded)] = node;
             return true;
         }
-        if (demand_of_[at(bounded)] != none) {
+        if (node_[at(bounded)] != none) {
             return false;
         }
-        demand_of_[at(bounded)] = static_cast<int>(found_.demand_node.size());
+        node_[at(bounded)] = node;
         found_.demand_node.push_back(node);
         found_.demand_weight.push_back(static_cast<long>(record_.column_objective[at(bounded)]));
         found_.demand_column.push_back(bounded);
@@ -170,9 +169,9 @@ class structure_finder {
 
     bool all_columns_placed() const {
         for (int c = 0; c < record_.num_columns(); ++c) {
-            const bool is_placed = integral(c) ? gate_of_[at(c)] != none : is_flow(c) || demand_of_[at(c)] != none;
-            if (!is_placed || (is_flow(c) && gate_of_[at(flow_gate_column_[at(c)])] == none) ||
-                (is_flow(c) && record_.column_objective[at(c)] != 0.0)) {
+            const bool is_placed = link_[at(c)] != none || (!integral(c) && node_[at(c)] != none);
+            if (!is_placed ||
+                (is_flow(c) && (link_[at(link_[at(c)])] == none || record_.column_objective[at(c)] != 0.0))) {
                 return false;
             }
         }
@@ -181,33 +180,36 @@ class structure_finder {
 
     // By head first, which is a matter of counting, and then the few arcs of each head.
     bool order_arcs() {
-        found_.node_first_arc.assign(node_size_.size() + 1, 0);
+        const auto gate_of_flow = [this](int flow) { return link_[at(link_[at(flow)])]; };
+        const auto by_gate = [&](int one, int other) {
+            return std::pair(gate_of_flow(one), one) < std::pair(gate_of_flow(other), other);
+        };
+        // Two places on, so that each head's place in it can move up to where the next begins.
+        std::vector<int>& first_arc = found_.node_first_arc;
+        first_arc.assign(node_size_.size() + 2, 0);
+        std::partial_sum(node_size_.begin(), node_size_.end(), first_arc.begin() + 2);
+        std::vector<int>& flows = found_.arc_column;
+        flows.resize(at(first_arc.back()));
         for (int c = 0; c < record_.num_columns(); ++c) {
-            if (is_flow(c) && node_of_flow_[at(c)] == none) {
+            if (is_flow(c) && node_[at(c)] == none) {
                 found_.idle_columns.push_back(c);
             } else if (is_flow(c)) {
-                ++found_.node_first_arc[at(node_of_flow_[at(c)]) + 1];
+                flows[at(first_arc[at(node_[at(c)]) + 1]++)] = c;
             }
         }
-        const auto gate_of_flow = [this](int flow) { return gate_of_[at(flow_gate_column_[at(flow)])]; };
-        std::stable_sort(found_.idle_columns.begin(), found_.idle_columns.end(),
-                         [&](int one, int other) { return gate_of_flow(one) < gate_of_flow(other); });
-        std::partial_sum(found_.node_first_arc.begin(), found_.node_first_arc.end(), found_.node_first_arc.begin());
-        std::vector<std::pair<int, int>> arcs(at(found_.node_first_arc.back()));  // gate, flow
-        std::vector<int> next = found_.node_first_arc;
-        for (int c = 0; c < record_.num_columns(); ++c) {
-            if (is_flow(c) && node_of_flow_[at(c)] != none) {
-                arcs[at(next[at(node_of_flow_[at(c)])]++)] = {gate_of_flow(c), c};
-            }
-        }
+        first_arc.pop_back();
+        std::sort(found_.idle_columns.begin(), found_.idle_columns.end(), by_gate);
+        found_.arc_gate.resize(flows.size());
+        found_.arc_tail.resize(flows.size());
+        found_.arc_head.resize(flows.size());
         for (std::size_t v = 0; v < node_size_.size(); ++v) {
-            std::sort(arcs.begin() + found_.node_first_arc[v], arcs.begin() + found_.node_first_arc[v + 1]);
-        }
-        for (const auto& [gate, flow] : arcs) {
-            found_.arc_gate.push_back(gate);
-            found_.arc_column.push_back(flow);
-            found_.arc_tail.push_back(tail_of_flow_[at(flow)]);
-            found_.arc_head.push_back(node_of_flow_[at(flow)]);
+            std::sort(flows.begin() + first_arc[v], flows.begin() + first_arc[v + 1], by_gate);
+            for (int a = first_arc[v]; a < first_arc[v + 1]; ++a) {
+                const int flow = flows[at(a)];
+                found_.arc_gate[at(a)] = gate_of_flow(flow);
+                found_.arc_tail[at(a)] = tail_of_flow_[at(flow)];
+                found_.arc_head[at(a)] = static_cast<int>(v);
+            }
         }
         return true;
     }
@@ -219,7 +221,7 @@ class structure_finder {
     }
 
     bool integral(int column) const { return record_.column_integral[at(column)] != 0; }
-    bool is_flow(int column) const { return flow_gate_column_[at(column)] != none; }
+    bool is_flow(int column) const { return !integral(column) && link_[at(column)] != none; }
     bool is_capacity(int row) const {
         const std::size_t first = record_.row_start[at(row)];
         return record_.row_start[at(row) + 1] - first == 2 &&
@@ -228,12 +230,10 @@ class structure_finder {
 
     const model_record& record_;
     reach_structure found_;
-    std::vector<int> gate_of_;           // by column: its gate
-    std::vector<int> flow_gate_column_;  // by column: the gate's column that bounds it; none = no flow
-    std::vector<int> node_of_flow_;      // by column: the node that the flow enters
-    std::vector<int> tail_of_flow_;      // by column: the node that the flow leaves
-    std::vector<int> demand_of_;         // by column
-    std::vector<std::size_t> node_size_;
+    std::vector<int> link_;          // by column: of a gate, its number; of a flow, the gate's column that bounds it
+    std::vector<int> node_;          // by column: the node that a flow enters, or a demand counts
+    std::vector<int> tail_of_flow_;  // by column: the node that the flow leaves
+    std::vector<int> node_size_;     // by node: flows that enter it
     std::vector<int> entering_;
 };
 

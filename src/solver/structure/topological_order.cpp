@@ -8,22 +8,23 @@ namespace solver {
 
 std::vector<int> topological_order(int num_nodes, const std::vector<int>& tails, const std::vector<int>& heads) {
     std::vector<int> missing(at(num_nodes), 0);
-    std::vector<int> first_leaving(at(num_nodes) + 1, 0);
+    // Two places on: while the lists are filled, each one's end moves up to where the next begins.
+    std::vector<int> first_leaving(at(num_nodes) + 2, 0);
     for (std::size_t a = 0; a < tails.size(); ++a) {
         if (tails[a] >= 0) {
             ++missing[at(heads[a])];
-            ++first_leaving[at(tails[a]) + 1];
+            ++first_leaving[at(tails[a]) + 2];
         }
     }
     std::partial_sum(first_leaving.begin(), first_leaving.end(), first_leaving.begin());
     std::vector<int> leaving(at(first_leaving.back()));
-    std::vector<int> next = first_leaving;
     for (std::size_t a = 0; a < tails.size(); ++a) {
         if (tails[a] >= 0) {
-            leaving[at(next[at(tails[a])]++)] = heads[a];
+            leaving[at(first_leaving[at(tails[a]) + 1]++)] = heads[a];
         }
     }
     std::vector<int> order;
+    order.reserve(at(num_nodes));
     for (int v = 0; v < num_nodes; ++v) {
         if (missing[at(v)] == 0) {
             order.push_back(v);
