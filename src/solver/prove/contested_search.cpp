@@ -16,7 +16,10 @@ contested_answer search_contested(const contested_problem& problem, const direct
     if (!plan.splits || watch.stop_requested() || count_parts(problem) == 1) {
         return search_part(problem, start, plan, outside, watch);
     }
-    const std::vector<contested_problem> parts = split(problem);
+    const std::vector<contested_problem> parts = split(problem, watch);
+    if (parts.empty()) {
+        return search_part(problem, start, plan, outside, watch);
+    }
     // Parts that are not searched yet count with all their weight in the bound.
     long weight_ahead = problem.total_weight();
     for (const contested_problem& part : parts) {

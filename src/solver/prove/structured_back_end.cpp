@@ -32,7 +32,8 @@ solve_answer solve_by_structure(const reach_structure& structure, int num_column
     watch.report({"first answer", static_cast<double>(first_weight), static_cast<double>(total)});
 
     const std::optional<settled_problem> reduced = reduce(structure, steps, watch);
-    if (!reduced) {
+    // To lay out what is contested takes long, and is of no use to a search that is over.
+    if (!reduced || (!reduced->contested.choices.empty() && watch.stop_requested())) {
         return answer_of(structure, num_columns, first, first_weight, total);
     }
     watch.report({"reduce", static_cast<double>(first_weight), static_cast<double>(total)});

@@ -115,7 +115,7 @@ class settler {
         }
     }
 
-    settled_problem finish() {
+    std::optional<settled_problem> finish() {
         settled_problem result;
         result.satisfied_weight = satisfied_;
         result.decided.assign(gates_.size() / 2, -1);
@@ -130,6 +130,9 @@ class settler {
         }
         result.pair_of.assign(problem_.pairs.size(), -1);
         gather_pairs(new_choice, result.pair_of, result.contested);
+        if (watch_.stop_requested()) {
+            return std::nullopt;  // some pairs may be missing
+        }
         gather_shared(new_choice, result.pair_of, result.contested.shared);
         return result;
     }
@@ -141,7 +144,7 @@ class settler {
 
     void gather_pairs(const std::vector<int>& new_choice, std::vector<int>& new_pair, contested_problem& made) {
         std::unordered_map<std::size_t, std::vector<int>> pairs_by_hash;
-        for (std::size_t p = 0; p < problem_.pairs.size(); ++p) {
+        for (std::size_t p = 0; p < problem_.pairs.size() && !watch_.stop_requested(); ++p) {
             pair_net& net = problem_.pairs[p];
             if (net.arcs.empty()) {
                 continue;

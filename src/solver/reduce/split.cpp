@@ -55,7 +55,7 @@ int count_parts(const contested_problem& problem) {
     return count_of(part_of_choices(problem));
 }
 
-std::vector<contested_problem> split(const contested_problem& problem) {
+std::vector<contested_problem> split(const contested_problem& problem, const solve_watch& watch) {
     const std::vector<int> part_of = part_of_choices(problem);
     std::vector<contested_problem> parts(at(count_of(part_of)));
     if (parts.size() == 1) {
@@ -79,7 +79,12 @@ std::vector<contested_problem> split(const contested_problem& problem) {
             only.shared.nodes.push_back({node.pair >= 0 ? new_pair[at(node.pair)] : -1, node.weight});
         }
         std::vector<gate_state> gates(2 * problem.choices.size(), gate_state::contested);
-        parts[part] = settle(std::move(only), std::move(gates), {false, false, false}).contested;
+        std::optional<settled_problem> settled =
+            settle(std::move(only), std::move(gates), {false, false, false}, watch);
+        if (!settled) {
+            return {};
+        }
+        parts[part] = std::move(settled->contested);
     }
     return parts;
 }

@@ -5,6 +5,7 @@
 
 #include <vector>
 
+#include "solver/record/back_end.hpp"
 #include "solver/reduce/contested_problem.hpp"
 
 namespace solver {
@@ -12,6 +13,7 @@ namespace solver {
 int count_parts(const contested_problem& problem);
 
 // In the order of their first choices, which are called by their position in the problem.
-std::vector<contested_problem> split(const contested_problem& problem);
+// None when stopped.
+std::vector<contested_problem> split(const contested_problem& problem, const solve_watch& watch = {});
 
 }  // namespace solver
