@@ -16,9 +16,13 @@
 
 namespace {
 
-// How long a signal lets the work before the solve go on. With the quick answer that follows,
-// the program then ends within two seconds of it.
-constexpr std::chrono::milliseconds patience(800);
+// In which a signal is to be answered, less what a busy machine adds: the promise is two seconds.
+constexpr std::chrono::milliseconds time_to_answer(1600);
+
+// About what a model costs, per flow, when nothing but the quickest answer is wanted: to read its
+// structure, and to answer, check and draw.
+constexpr std::chrono::nanoseconds structure_per_flow(60);
+constexpr std::chrono::nanoseconds answer_per_flow(90);
 
 void tell_if_cut(const std::string& path, const std::string& reason) {
     if (!reason.empty()) {
@@ -46,7 +50,10 @@ int run(int argc, char** argv, const solver::back_end& back_end) {
         run_phases(files_below(argv[1]), {.output = argv[2],
                                           .back_end = back_end,
                                           .watch = watch,
-                                          .cut_requested = [&] { return signals.requested_before(patience); },
+                                          .cut_requested =
+                                              [&](std::chrono::nanoseconds to_answer) {
+                                                  return signals.requested_before(time_to_answer - to_answer);
+                                              },
                                           .before_solving = [] {}});
     } catch (const ended_early&) {
         std::cout << "ERROR: ended by a signal before the model was made: nothing is answered" << std::endl;
@@ -63,13 +70,19 @@ int run(int argc, char** argv, const solver::back_end& back_end) {
 }
 
 IloCplex run_phases(const input_opener& open_input, const run_choices& choices) {
+    // There is nothing to answer until the model is made; from then on there is, in any case.
+    const auto is_cut_before_model = [&] {
+        return choices.cut_requested(var.getSize() * (structure_per_flow + answer_per_flow));
+    };
+    const auto is_cut = [&] { return choices.cut_requested(var.getSize() * answer_per_flow); };
+
     // The model exists before anything is read: readers add to it line by line.
     IloModel model(env);
     name_objective();
 
     // Proteins, arcs with their orientation variables, and the knockout pairs.
-    read_data(open_input, model, choices.cut_requested);
-    if (choices.cut_requested()) {
+    read_data(open_input, model, is_cut_before_model);
+    if (is_cut_before_model()) {
         throw ended_early();
     }
 
@@ -88,8 +101,8 @@ IloCplex run_phases(const input_opener& open_input, const run_choices& choices) 
     cplex.set_watch(choices.watch);
 
     // Flows over shortest paths, pair variables, objective.
-    prepare_ilp(model, true, isoMap, choices.cut_requested);
-    if (choices.cut_requested() || !cplex.prepare(choices.cut_requested)) {
+    prepare_ilp(model, true, isoMap, is_cut_before_model);
+    if (is_cut_before_model() || !cplex.prepare(is_cut_before_model)) {
         if (choices.output) {
             take_away(*choices.output + "shortest.lp");  // of an earlier run, beside this one's drawing
         }
@@ -99,7 +112,7 @@ IloCplex run_phases(const input_opener& open_input, const run_choices& choices) 
     // Before solving, so that it is there for another solver whatever happens.
     if (choices.output) {
         const std::string path = *choices.output + "shortest.lp";
-        tell_if_cut(path, cplex.exportModel(path.c_str(), choices.cut_requested));
+        tell_if_cut(path, cplex.exportModel(path.c_str(), is_cut));
     }
 
     choices.before_solving();

@@ -1,6 +1,7 @@
 // One run of the program: its phases, in their order.
 #pragma once
 
+#include <chrono>
 #include <functional>
 #include <optional>
 #include <string>
@@ -20,9 +21,9 @@ struct run_choices {
     std::optional<std::string> output;  // prefix of the files to write; none = no file
     solver::back_end back_end = solver::default_back_end();
     solver::solve_watch watch;  // of the solve
-    // Asked now and then before the solve: true = what is left to do until then is to be
-    // left out, once and for all.
-    std::function<bool()> cut_requested = [] { return false; };
+    // Asked now and then before the solve, with about the time that an answer takes from
+    // there on if the rest is left out: true = it is to be. Once true, always true.
+    std::function<bool(std::chrono::nanoseconds to_answer)> cut_requested = [](auto) { return false; };
     // Called when the program is built and written, before it is solved.
     std::function<void()> before_solving = [] {};
 };

@@ -103,9 +103,9 @@ bool interruption::requested() const {
     return first_wish != 0;
 }
 
-bool interruption::requested_before(std::chrono::milliseconds ago) const {
+bool interruption::requested_before(std::chrono::nanoseconds ago) const {
     const std::int64_t first = first_wish;
-    return first != 0 && now() - first >= std::chrono::nanoseconds(ago).count();
+    return first != 0 && now() - first >= ago.count();
 }
 
 void interruption::end_by_first_signal() const {

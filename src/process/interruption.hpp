@@ -21,7 +21,7 @@ class interruption {
 
     bool requested() const;  // from any thread
     // Whether the first signal came that long ago, or longer.
-    bool requested_before(std::chrono::milliseconds ago) const;
+    bool requested_before(std::chrono::nanoseconds ago) const;
     // Ends the program by the first signal, as if it had never been noted.
     void end_by_first_signal() const;
 };

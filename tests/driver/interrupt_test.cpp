@@ -27,7 +27,8 @@ class interrupt_test : public long_solve_test {
     }
 };
 
-constexpr auto past_the_burst = 1050ms;  // and past what a signal leaves to the work before the solve
+constexpr auto past_the_burst = 1050ms;
+constexpr auto past_patience = 1750ms;  // of a signal with the work before the solve
 
 }  // namespace
 
@@ -84,7 +85,7 @@ TEST_F(interrupt_test, ends_by_the_signal_where_it_is_too_early_for_an_answer) {
     write("out/solution_graph.txt", "old");
     const pid_t process = start_reading_a_pipe();
     kill(process, SIGUSR1);
-    std::this_thread::sleep_for(past_the_burst);
+    std::this_thread::sleep_for(past_patience);
     write("in/ko", knockouts);
     const program_result result = finish_program(process);
     EXPECT_EQ(result.signal, SIGUSR1);
@@ -103,7 +104,7 @@ TEST_F(interrupt_test, leaves_no_file_that_is_not_whole_wherever_it_is_cut) {
         run_choices choices;
         choices.output = folder / "out/";
         choices.watch.stop_requested = [] { return true; };
-        choices.cut_requested = [&] { return ++asked >= question; };
+        choices.cut_requested = [&](auto) { return ++asked >= question; };
         testing::internal::CaptureStdout();
         try {
             run_phases(files_below(folder / "in/"), choices);
