@@ -8,6 +8,20 @@
 
 namespace solver {
 
+double count_steps(const contested_problem& problem) {
+    double steps = 0.0;
+    for (const pair_net& pair : problem.pairs) {
+        std::vector<int> entering(at(pair.num_nodes), 0);
+        for (const net_arc& arc : pair.arcs) {
+            ++entering[at(arc.head)];
+        }
+        for (const net_arc& arc : pair.arcs) {
+            steps += entering[at(arc.tail)];
+        }
+    }
+    return steps;
+}
+
 chain_layout lay_out_chains(const contested_problem& problem) {
     chain_layout made;
     pair_layout pairs = lay_out_pairs(problem);

@@ -32,6 +32,9 @@ struct chain_layout {
     int transition_column(int index) const { return first_transition + index; }
 };
 
+// Ways from an arc to a next one, over the networks of all pairs: more than there are transitions.
+double count_steps(const contested_problem& problem);
+
 chain_layout lay_out_chains(const contested_problem& problem);
 
 }  // namespace solver

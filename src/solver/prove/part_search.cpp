@@ -7,6 +7,7 @@
 #include <optional>
 
 #include "solver/bound/chain_bound.hpp"
+#include "solver/bound/chain_layout.hpp"
 #include "solver/bound/cut_master.hpp"
 #include "solver/find/local_search.hpp"
 #include "solver/find/value_search.hpp"
@@ -185,6 +186,13 @@ class part_search {
     void search_long(bool is_hard) {
         if (!is_hard) {
             take_values(moves_without_cuts * problem_.num_choices());  // which may find all that was missing
+        }
+        if (count_steps(problem_) > plan_.most_steps) {
+            close_on_smaller_problem(master_.program());
+            while (!known_.done()) {
+                take_values(moves_without_cuts * problem_.num_choices());
+            }
+            return;
         }
         tighten();
         bool goes_on = true;

@@ -15,7 +15,8 @@
 // Where the program stays fractional through and through, a tighter one takes over
 // (chain_bound.hpp) until three rounds in a row hardly move its bound, while a second
 // thread looks for values (value_search.hpp). The last resort is branch and bound over
-// the choices (branch_and_bound.hpp), with twice the nodes each time.
+// the choices (branch_and_bound.hpp), with twice the nodes each time. Where the networks of
+// the pairs are too large for both, only the second thread goes on, until it is stopped.
 #pragma once
 
 #include "solver/prove/contested_search.hpp"
