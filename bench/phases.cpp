@@ -23,6 +23,7 @@
 #include "input/read_data.hpp"
 #include "orientation/compressed_marking.hpp"
 #include "orientation/prepare_ilp.hpp"
+#include "process/memory.hpp"
 #include "report/compare.hpp"
 #include "report/graph_writer.hpp"
 
@@ -82,6 +83,7 @@ int main(int argc, char** argv) {
         std::fprintf(stderr, "usage: phases INPUT/ OUTPUT/ [SECONDS]\n");
         return 1;
     }
+    give_back_large_blocks();  // as the program does
     const std::string output = argv[2];
     const double limit = argc > 3 ? std::atof(argv[3]) : solver::infinity;
     const auto print_phase = [](const char* name, double time) { std::printf("phase %s %.3f\n", name, time); };

@@ -10,6 +10,7 @@
 #include "orientation/prepare_ilp.hpp"
 #include "process/held_output.hpp"
 #include "process/interruption.hpp"
+#include "process/memory.hpp"
 #include "process/output_file.hpp"
 #include "report/compare.hpp"
 #include "report/graph_writer.hpp"
@@ -43,6 +44,7 @@ int run(int argc, char** argv, const solver::back_end& back_end) {
         return 1;
     }
     outlive_failed_writes();
+    give_back_large_blocks();
     const interruption& signals = lasting_interruption();
     solver::solve_watch watch;
     watch.stop_requested = [&] { return signals.requested(); };

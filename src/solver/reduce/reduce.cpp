@@ -118,12 +118,14 @@ class reducer {
     void make_pairs(contested_problem& problem) {
         std::vector<int> number(at(structure_.num_nodes()), -1);
         std::vector<int> nodes;
+        std::vector<net_arc> backwards;
         for (int d = 0; d < structure_.num_demands() && !watch_.stop_requested(); ++d) {
             if (left_[at(d)] == 0) {
                 continue;
             }
             pair_net net{2, structure_.demand_weight[at(d)], {}};
             nodes.assign(1, structure_.demand_node[at(d)]);
+            backwards.clear();
             number[at(nodes.front())] = net_target;
             for (std::size_t i = 0; i < nodes.size(); ++i) {
                 for_entering(nodes[i], [&](int tail, gate_state, std::size_t arc) {
@@ -135,7 +137,7 @@ class reducer {
                         number[at(tail)] = net.num_nodes++;
                         nodes.push_back(tail);
                     }
-                    net.arcs.push_back(
+                    backwards.push_back(
                         {at_root ? net_root : number[at(tail)], number[at(nodes[i])], structure_.arc_gate[arc]});
                 });
             }
@@ -143,7 +145,7 @@ class reducer {
                 number[at(node)] = -1;
             }
             // Found from the target backwards; passes over them go from the root on.
-            std::reverse(net.arcs.begin(), net.arcs.end());
+            net.arcs.assign(backwards.rbegin(), backwards.rend());
             problem.pairs.push_back(std::move(net));
         }
     }

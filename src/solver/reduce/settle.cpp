@@ -143,7 +143,8 @@ class settler {
     }
 
     void gather_pairs(const std::vector<int>& new_choice, std::vector<int>& new_pair, contested_problem& made) {
-        std::unordered_map<std::size_t, std::vector<int>> pairs_by_hash;
+        std::unordered_map<std::size_t, int> last_of_hash;
+        std::vector<int> one_before;  // by pair made: the last one before it of the same hash, or -1
         for (std::size_t p = 0; p < problem_.pairs.size() && !watch_.stop_requested(); ++p) {
             pair_net& net = problem_.pairs[p];
             if (net.arcs.empty()) {
@@ -155,17 +156,18 @@ class settler {
                 arc.gate = new_gate(arc.gate, new_choice);
                 hash = hash * 1000003 + (at(arc.tail) * 4099 + at(arc.head)) * 8209 + at(arc.gate + 1);
             }
-            std::vector<int>& candidates = pairs_by_hash[hash];
-            const auto equal = std::find_if(candidates.begin(), candidates.end(), [&](int candidate) {
-                return steps_.merge_equal_pairs && made.pairs[at(candidate)].arcs == net.arcs;
-            });
-            if (equal != candidates.end()) {
-                made.pairs[at(*equal)].weight += net.weight;
-                new_pair[p] = *equal;
+            int& last = last_of_hash.try_emplace(hash, -1).first->second;
+            int equal = steps_.merge_equal_pairs ? last : -1;
+            while (equal >= 0 && made.pairs[at(equal)].arcs != net.arcs) {
+                equal = one_before[at(equal)];
+            }
+            if (equal >= 0) {
+                made.pairs[at(equal)].weight += net.weight;
+                new_pair[p] = equal;
                 continue;
             }
-            new_pair[p] = static_cast<int>(made.pairs.size());
-            candidates.push_back(new_pair[p]);
+            one_before.push_back(last);
+            new_pair[p] = last = static_cast<int>(made.pairs.size());
             made.pairs.push_back(std::move(net));
         }
     }

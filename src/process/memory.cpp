@@ -1,0 +1,15 @@
+#include "process/memory.hpp"
+
+#include <malloc.h>
+
+namespace {
+
+constexpr int large = 8 << 20;  // bytes: no small network has a block of so many
+
+}  // namespace
+
+void give_back_large_blocks() {
+#ifdef M_MMAP_THRESHOLD
+    mallopt(M_MMAP_THRESHOLD, large);
+#endif
+}
