@@ -36,7 +36,8 @@ struct search_plan {
     // A problem of so many pairs is wide: part_search.hpp says what is done for it.
     int many_pairs = 50000;
     double simplex_work = 5e8;  // of a solve; what takes more is left to a first-order method
-    // From an arc to a next one, in the networks of all pairs: with more, the tighter program and branch and bound take gigabytes.
+    // From an arc to a next one, in the networks of all pairs: with more, the tighter program
+    // and branch and bound would take gigabytes.
     double most_steps = 1e6;
 };
 

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "solver/structure/index.hpp"
+
 namespace solver {
 
 long contested_problem::total_weight() const {
@@ -10,6 +12,24 @@ long contested_problem::total_weight() const {
         total += pair.weight;
     }
     return total;
+}
+
+contested_problem with_pairs(const contested_problem& problem, const std::vector<char>& kept) {
+    contested_problem made;
+    made.choices = problem.choices;
+    std::vector<int> new_pair(problem.pairs.size(), -1);
+    for (std::size_t p = 0; p < problem.pairs.size(); ++p) {
+        if (kept[p] != 0) {
+            new_pair[p] = static_cast<int>(made.pairs.size());
+            made.pairs.push_back(problem.pairs[p]);
+        }
+    }
+    made.shared.arcs = problem.shared.arcs;
+    made.shared.nodes.reserve(problem.shared.nodes.size());
+    for (const shared_network::node& node : problem.shared.nodes) {
+        made.shared.nodes.push_back({node.pair >= 0 ? new_pair[at(node.pair)] : -1, node.weight});
+    }
+    return made;
 }
 
 directions nearest_directions(const std::vector<double>& values, int num_choices) {

@@ -51,6 +51,9 @@ struct contested_problem {
     long total_weight() const;
 };
 
+// The problem of some of the pairs alone (1 = kept), with all choices.
+contested_problem with_pairs(const contested_problem& problem, const std::vector<char>& kept);
+
 // The directions nearest to values in [0, 1] of the choices, 1 = gate 2c; of what follows
 // the choices nothing is read.
 directions nearest_directions(const std::vector<double>& values, int num_choices);

@@ -65,22 +65,13 @@ std::vector<contested_problem> split(const contested_problem& problem, const sol
     }
     // A part is the problem with every other part's pairs taken out, which closes their gates.
     for (std::size_t part = 0; part < parts.size(); ++part) {
-        contested_problem only;
-        only.choices = problem.choices;
-        std::vector<int> new_pair(problem.pairs.size(), -1);
+        std::vector<char> kept(problem.pairs.size());
         for (std::size_t p = 0; p < problem.pairs.size(); ++p) {
-            if (part_of[at(first_gate(problem.pairs[p]) / 2)] == static_cast<int>(part)) {
-                new_pair[p] = static_cast<int>(only.pairs.size());
-                only.pairs.push_back(problem.pairs[p]);
-            }
-        }
-        only.shared.arcs = problem.shared.arcs;
-        for (const shared_network::node& node : problem.shared.nodes) {
-            only.shared.nodes.push_back({node.pair >= 0 ? new_pair[at(node.pair)] : -1, node.weight});
+            kept[p] = part_of[at(first_gate(problem.pairs[p]) / 2)] == static_cast<int>(part) ? 1 : 0;
         }
         std::vector<gate_state> gates(2 * problem.choices.size(), gate_state::contested);
         std::optional<settled_problem> settled =
-            settle(std::move(only), std::move(gates), {false, false, false}, watch);
+            settle(with_pairs(problem, kept), std::move(gates), {false, false, false}, watch);
         if (!settled) {
             return {};
         }
