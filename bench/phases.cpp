@@ -83,7 +83,6 @@ int main(int argc, char** argv) {
         std::fprintf(stderr, "usage: phases INPUT/ OUTPUT/ [SECONDS]\n");
         return 1;
     }
-    give_back_large_blocks();  // as the program does
     const std::string output = argv[2];
     const double limit = argc > 3 ? std::atof(argv[3]) : solver::infinity;
     const auto print_phase = [](const char* name, double time) { std::printf("phase %s %.3f\n", name, time); };
@@ -105,6 +104,9 @@ int main(int argc, char** argv) {
     });
     print_phase("mark", marking_time);
     print_phase("model", timed([&] { prepare_ilp(model, true, isoMap); }) - marking_time);
+    if (var.getSize() > 1'000'000) {
+        give_back_large_blocks();  // as the program does
+    }
     print_peak("model");
 
     IloCplex cplex(model);

@@ -25,6 +25,9 @@ constexpr std::chrono::milliseconds time_to_answer(1600);
 constexpr std::chrono::nanoseconds structure_per_flow(60);
 constexpr std::chrono::nanoseconds answer_per_flow(90);
 
+// From so many flows on, memory matters more than the few hundredths that to give it back costs.
+constexpr int many_flows = 1'000'000;
+
 void tell_if_cut(const std::string& path, const std::string& reason) {
     if (!reason.empty()) {
         std::cout << "ERROR: file " << path << " could not be completed: " << reason << std::endl;
@@ -44,7 +47,6 @@ int run(int argc, char** argv, const solver::back_end& back_end) {
         return 1;
     }
     outlive_failed_writes();
-    give_back_large_blocks();
     const interruption& signals = lasting_interruption();
     solver::solve_watch watch;
     watch.stop_requested = [&] { return signals.requested(); };
@@ -104,6 +106,9 @@ IloCplex run_phases(const input_opener& open_input, const run_choices& choices) 
 
     // Flows over shortest paths, pair variables, objective.
     prepare_ilp(model, true, isoMap, is_cut_before_model);
+    if (var.getSize() > many_flows) {
+        give_back_large_blocks();
+    }
     if (is_cut_before_model() || !cplex.prepare(is_cut_before_model)) {
         if (choices.output) {
             take_away(*choices.output + "shortest.lp");  // of an earlier run, beside this one's drawing

@@ -4,7 +4,7 @@
 
 namespace {
 
-constexpr int large = 8 << 20;  // bytes: no small network has a block of so many
+constexpr int large = 8 << 20;  // bytes
 
 }  // namespace
 

@@ -5,7 +5,6 @@
 
 #include "evaluation/evaluation_tables.hpp"
 #include "process/interruption.hpp"
-#include "process/memory.hpp"
 #include "tables/whole_file.hpp"
 #include "tools/commands.hpp"
 #include "tools/run_options.hpp"
@@ -48,7 +47,6 @@ void evaluate(const evaluate_options& options, const std::vector<std::string>& a
     const std::string output = output_folder(options.run.output);
 
     outlive_failed_writes();
-    give_back_large_blocks();
     const interruption& signals = lasting_interruption();
     evaluation_choices choices;
     choices.way =

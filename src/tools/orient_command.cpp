@@ -2,7 +2,6 @@
 #include <memory>
 
 #include "process/interruption.hpp"
-#include "process/memory.hpp"
 #include "tools/commands.hpp"
 #include "tools/run_options.hpp"
 #include "tools/work_progress.hpp"
@@ -16,7 +15,6 @@ void orient(const run_options& options, const std::vector<std::string>& argument
     remove_answer(output);
 
     outlive_failed_writes();
-    give_back_large_blocks();
     const interruption& signals = lasting_interruption();
     work_progress progress("regrets and prices");
     answer_choices choices = choices_of(options);
