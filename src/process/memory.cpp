@@ -4,7 +4,7 @@
 
 namespace {
 
-constexpr int large = 8 << 20;  // bytes
+constexpr int large = 1 << 20;  // bytes
 
 }  // namespace
 

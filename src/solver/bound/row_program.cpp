@@ -32,6 +32,8 @@ row_program::row_program(std::vector<double> weights, double constant, const sol
 
 void row_program::add_row(program_row row) {
     num_entries_ += static_cast<long>(row.columns.size());
+    row.columns.shrink_to_fit();  // there may be a hundred thousand of them
+    row.values.shrink_to_fit();
     rows_.push_back(std::move(row));
 }
 

@@ -168,6 +168,7 @@ class settler {
             }
             one_before.push_back(last);
             new_pair[p] = last = static_cast<int>(made.pairs.size());
+            net.arcs.shrink_to_fit();
             made.pairs.push_back(std::move(net));
         }
     }
