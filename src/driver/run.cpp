@@ -23,7 +23,7 @@ constexpr std::chrono::milliseconds time_to_answer(1600);
 // About what a model costs, per flow, when nothing but the quickest answer is wanted: to read its
 // structure, and to answer, check and draw.
 constexpr std::chrono::nanoseconds structure_per_flow(60);
-constexpr std::chrono::nanoseconds answer_per_flow(90);
+constexpr std::chrono::nanoseconds answer_per_flow(130);
 
 // From so many flows on, memory matters more than the few hundredths that to give it back costs.
 constexpr int many_flows = 1'000'000;
